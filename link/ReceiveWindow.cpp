@@ -1,0 +1,22 @@
+#include "link/ReceiveWindow.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "protocol/FrameLayout.h"
+
+namespace ubx {
+
+ReceiveWindow::ReceiveWindow(std::size_t capacity) : bytes_(new unsigned char[capacity]), capacity_(capacity) {}
+
+void ReceiveWindow::makeRoom()
+{
+    if (freeBytes() != 0) return;
+    if (finished_ == 0) finished_ = std::min(frame::kSyncLength, filled_);
+    const std::size_t kept = pendingBytes();
+    std::memmove(bytes_.get(), pending(), kept);
+    filled_ = kept;
+    finished_ = 0;
+}
+
+} // namespace ubx

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+
+namespace ubx {
+
+/// The bytes that a wait has received and not finished with. Full or not, it never refuses what comes next.
+class ReceiveWindow
+{
+public:
+    /// @param capacity  bytes; the longest frame that can be received is one byte shorter.
+    explicit ReceiveWindow(std::size_t capacity);
+
+    unsigned char* freeSpace() { return bytes_.get() + filled_; }
+    std::size_t freeBytes() const { return capacity_ - filled_; }
+    void added(std::size_t count) { filled_ += count; }
+
+    /// What has not been finished with.
+    const unsigned char* pending() const { return bytes_.get() + finished_; }
+    std::size_t pendingBytes() const { return filled_ - finished_; }
+
+    /// The first `count` pending bytes are done with.
+    void finish(std::size_t count) { finished_ += count; }
+
+    /// When no space is free: gives up what is finished with. An unfinished frame that fills the whole window can't become
+    /// whole in it, so its sync chars are given up and what lies behind them is looked at anew.
+    void makeRoom();
+
+private:
+    std::unique_ptr<unsigned char[]> bytes_;
+    std::size_t capacity_;
+    std::size_t filled_ = 0;
+    std::size_t finished_ = 0;
+};
+
+} // namespace ubx

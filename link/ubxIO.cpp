@@ -1,0 +1,139 @@
+#include <ubxIO.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstddef>
+#include <cstdint>
+#include <ctime>
+#include <iostream>
+#include <memory>
+
+#include <fcntl.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include "link/ReceiveWindow.h"
+
+namespace {
+
+constexpr const char* kDevice = "/dev/tty_gps";
+constexpr int kOpenFlags = O_RDWR | O_NOCTTY | O_NONBLOCK | O_SYNC;
+constexpr int kClosed = -1;
+
+constexpr std::size_t kReadAtOnce = 1024;
+constexpr std::size_t kWindowBytesPerSecond = 1024;
+constexpr int kWidestWindowSeconds = 65; // 65 KiB hold the longest frame; a longer wait needs no wider window
+
+// A line is written as one piece, so that it stays one when others write too.
+void report(const char* line)
+{
+    std::cerr << line;
+}
+
+std::size_t windowSize(int timeLimit)
+{
+    return static_cast<std::size_t>(std::clamp(timeLimit, 0, kWidestWindowSeconds)) * kWindowBytesPerSecond;
+}
+
+void discardAll(UBXMessageList& list, UBXMessageClassIdValues classId)
+{
+    while (const UBXMessage* const message = list.findFirstOfMessage(classId)) delete message;
+}
+
+} // namespace
+
+ubxIO::ubxIO()
+{
+    fd_ = open(kDevice, kOpenFlags);
+    if (fd_ < 0) {
+        report("Could not open tty_gps, cannot communicate with the ublox device.\n");
+        fd_ = kClosed;
+        return;
+    }
+    if (!SetupUART(fd_)) {
+        close(fd_);
+        fd_ = kClosed;
+        return;
+    }
+    messageList_.emplace();
+    messageBuilder_.emplace(&*messageList_);
+}
+
+ubxIO::~ubxIO()
+{
+    if (fd_ != kClosed) close(fd_);
+}
+
+bool ubxIO::SetupUART(int fd)
+{
+    termios settings{};
+    if (tcgetattr(fd, &settings) != 0) {
+        report("Can't get gps_tty settings\n");
+        return false;
+    }
+    cfmakeraw(&settings);
+    settings.c_cflag &= ~static_cast<tcflag_t>(CSTOPB | CRTSCTS);
+    tcflush(fd, TCIOFLUSH);
+    if (tcsetattr(fd, TCSANOW, &settings) != 0) {
+        report("Can't configure tty_gps raw mode\n");
+        return false;
+    }
+    return true;
+}
+
+long ubxIO::ReadFromUART(unsigned char* buffer, long length)
+{
+    if (fd_ == kClosed || length < 0) return 0;
+    const ssize_t count = read(fd_, buffer, static_cast<std::size_t>(length));
+    return std::max<ssize_t>(count, 0);
+}
+
+int ubxIO::SendMessage(UBXMessage* message)
+{
+    if (fd_ < 0) {
+        report("Cannot send message to the ublox, the device is not open!\n");
+        return -1;
+    }
+    ssize_t written = 0;
+    do {
+        written = write(fd_, message->getPacketData(), message->getPacketLength());
+    } while (written < 0 && errno == EINTR); // nothing has been written yet then
+    fsync(fd_);
+    return static_cast<std::uint32_t>(written) == static_cast<std::uint32_t>(message->getPacketLength()) ? 0 : -1;
+}
+
+UBXMessage* ubxIO::ReceiveMessage(unsigned short classId, int timeLimit)
+{
+    if (fd_ < 0) {
+        report("ubxIO::ReceiveMessage Could not receive data from the ublox, device is not open!\n");
+        return nullptr;
+    }
+    const auto wanted = static_cast<UBXMessageClassIdValues>(classId);
+    ubx::ReceiveWindow window(windowSize(timeLimit));
+    std::unique_ptr<UBXMessage> candidate;
+
+    const std::time_t start = std::time(nullptr);
+    do {
+        window.makeRoom();
+        const std::size_t room = std::min(kReadAtOnce, window.freeBytes());
+        window.added(static_cast<std::size_t>(ReadFromUART(window.freeSpace(), static_cast<long>(room))));
+
+        // Frames do not change by being looked at again: a round looks at what has come since the last one.
+        unsigned long resumeAt = 0;
+        messageBuilder_->scan(window.pending(), window.pendingBytes(), resumeAt);
+        window.finish(resumeAt);
+
+        const bool errored = messageBuilder_->getErroredMessageCount() != 0;
+        if (UBXMessage* const newest = messageList_->findFirstOfMessage(wanted)) {
+            candidate.reset(newest);
+            if (errored) discardAll(*messageList_, wanted); // older than the candidate, must not replace it later
+        } else {
+            messageList_->Empty();
+        }
+        if (candidate != nullptr && !errored) return candidate.release();
+        if (errored) report("ubxIO::ReceiveMessage Errored messages returned from u-blox.\n");
+    } while (std::difftime(std::time(nullptr), start) < static_cast<double>(timeLimit));
+
+    report("ubxIO::ReceiveMessage Timed out waiting for rx from u-blox.\n");
+    return candidate.release();
+}
