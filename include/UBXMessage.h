@@ -13,7 +13,8 @@ struct UBXClassId
 
 /// Class and id as one number, the class in the high byte: CFG-VALSET (class 0x06, id 0x8A) is 0x068A.
 /// Any 16-bit value may be carried, also one without a name here.
-enum UBXMessageClassIdValues : unsigned short {
+enum UBXMessageClassIdValues : unsigned short
+{
     UBX_NAV_POSLLH = 0x0102,
     UBX_NAV_PVT = 0x0107,
     UBX_NAV_SAT = 0x0135,

@@ -5,9 +5,9 @@
 
 /// Cuts the known, undamaged UBX frames out of received bytes and puts them into a list.
 ///
-/// A frame is known when its class and id are in the catalogue. NMEA sentences, noise and unknown frames are passed over.
-/// No partial frame is kept between calls: bytes of an unfinished frame have to be presented again with those that follow.
-/// One thread at a time.
+/// A frame is known when its class and id are in the catalogue. NMEA sentences, noise and unknown frames are passed
+/// over. No partial frame is kept between calls: bytes of an unfinished frame have to be presented again with those
+/// that follow. One thread at a time.
 class UBXCONTROL_API UBXMessageBuilder
 {
 public:
@@ -25,9 +25,10 @@ public:
 
     unsigned int getGoodMessageCount() const;    ///< frames added to the list
     unsigned int getErroredMessageCount() const; ///< frames with a wrong checksum
-    unsigned int getUnknownMessageCount() const; ///< sync chars before an unknown class/id, and frames of the last known one
-    unsigned int getAckMessageCount() const;     ///< ACK-ACK among the good frames
-    unsigned int getNakMessageCount() const;     ///< ACK-NAK among the good frames
+    unsigned int
+    getUnknownMessageCount() const; ///< sync chars before an unknown class/id, and frames of the last known one
+    unsigned int getAckMessageCount() const; ///< ACK-ACK among the good frames
+    unsigned int getNakMessageCount() const; ///< ACK-NAK among the good frames
 
     void resetMessageCounters();
 

@@ -21,7 +21,8 @@ struct UBXClassRow
 };
 
 /// Satellite systems by the receiver's gnssId.
-enum UBXGNSSId : unsigned char {
+enum UBXGNSSId : unsigned char
+{
     UBX_GNSS_GPS = 0,
     UBX_GNSS_SBAS = 1,
     UBX_GNSS_GALILEO = 2,
@@ -41,8 +42,8 @@ extern UBXCONTROL_API const UBXClassRow UBXClassID[14];
 /// Names of the satellite systems, indexed by UBXGNSSId.
 extern UBXCONTROL_API const char* const gnssNames[7];
 
-/// The description of the first row of this class/id that admits the length. A length of 0 matches every row, and so does
-/// every length of an id 0x8B (configuration items are as long as what was asked for).
+/// The description of the first row of this class/id that admits the length. A length of 0 matches every row, and so
+/// does every length of an id 0x8B (configuration items are as long as what was asked for).
 /// @return a constant text, "Unknown message type" when no row matches.
 UBXCONTROL_API const char* ubxGetMessageDescription(UBXClassId id, unsigned short payloadLength);
 

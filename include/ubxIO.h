@@ -50,8 +50,8 @@ public:
     /// Waits for a message, polling the port all the time.
     ///
     /// Once a frame with a wrong checksum has been seen on this object, every wait runs to its limit and then gives the
-    /// last matching message found. Output that precedes the reply is not limited: what has been looked at makes room for
-    /// what follows.
+    /// last matching message found. Output that precedes the reply is not limited: what has been looked at makes room
+    /// for what follows.
     /// @param classId    class/id value of the message.
     /// @param timeLimit  seconds by the wall clock's whole seconds, and room for a frame in KiB.
     /// @return the caller's to delete; null when none arrived or the port is closed.

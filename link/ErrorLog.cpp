@@ -1,6 +1,7 @@
 #include "link/ErrorLog.h"
 
-namespace ubx {
+namespace ubx
+{
 
 ErrorLog::ErrorLog(const char* path) : file_(path, std::ios::out | std::ios::app | std::ios::ate) {}
 

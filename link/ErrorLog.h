@@ -3,7 +3,8 @@
 #include <fstream>
 #include <string>
 
-namespace ubx {
+namespace ubx
+{
 
 /// One controller's error log: time-stamped lines appended to a file, each written at once.
 ///

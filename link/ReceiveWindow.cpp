@@ -5,7 +5,8 @@
 
 #include "protocol/FrameLayout.h"
 
-namespace ubx {
+namespace ubx
+{
 
 ReceiveWindow::ReceiveWindow(std::size_t capacity) : bytes_(new unsigned char[capacity]), capacity_(capacity) {}
 

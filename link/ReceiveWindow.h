@@ -3,7 +3,8 @@
 #include <cstddef>
 #include <memory>
 
-namespace ubx {
+namespace ubx
+{
 
 /// The bytes that a wait has received and not finished with. Full or not, it never refuses what comes next.
 class ReceiveWindow
@@ -23,8 +24,8 @@ public:
     /// The first `count` pending bytes are done with.
     void finish(std::size_t count) { finished_ += count; }
 
-    /// When no space is free: gives up what is finished with. An unfinished frame that fills the whole window can't become
-    /// whole in it, so its sync chars are given up and what lies behind them is looked at anew.
+    /// When no space is free: gives up what is finished with. An unfinished frame that fills the whole window can't
+    /// become whole in it, so its sync chars are given up and what lies behind them is looked at anew.
     void makeRoom();
 
 private:

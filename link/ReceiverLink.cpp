@@ -2,7 +2,8 @@
 
 #include "link/TimeStamp.h"
 
-namespace ubx {
+namespace ubx
+{
 
 int ReceiverLink::send(const UBXMessage& command)
 {
@@ -23,19 +24,19 @@ Reply ReceiverLink::poll(ubxIO& port, const UBXMessage& request, int timeLimit)
     return await(port, request, timeLimit);
 }
 
-int ReceiverLink::write(ubxIO& port, const UBXMessage& message)
+int ReceiverLink::write(ubxIO& port, const UBXMessage& message, const char* notSent)
 {
     auto* const frame = const_cast<UBXMessage*>(&message); // only read
     if (port.SendMessage(frame) == 0) return status::kDone;
-    log(texts_.notSent + message.getMessageDescription());
+    log(notSent + message.getMessageDescription());
     return status::kNotSent;
 }
 
-Reply ReceiverLink::await(ubxIO& port, const UBXMessage& request, int timeLimit)
+Reply ReceiverLink::await(ubxIO& port, const UBXMessage& request, int timeLimit, const char* notReceived)
 {
     std::unique_ptr<UBXMessage> message{port.ReceiveMessage(request.getClassId(), timeLimit)};
     if (message != nullptr) return Reply(std::move(message));
-    log(texts_.notReceived + request.getMessageDescription());
+    log(notReceived + request.getMessageDescription());
     return Reply(status::kNoReply);
 }
 
@@ -43,7 +44,7 @@ Reply ReceiverLink::await(ubxIO& port, unsigned short classId, const char* descr
 {
     std::unique_ptr<UBXMessage> message{port.ReceiveMessage(classId, kReceiveTimeLimit)};
     if (message != nullptr) return Reply(std::move(message));
-    log(std::string(texts_.notReceived) + description);
+    log(std::string(kNotReceivedText) + description);
     return Reply(status::kNoReply);
 }
 

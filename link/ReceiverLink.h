@@ -9,10 +9,12 @@
 #include "link/ErrorLog.h"
 #include "protocol/PayloadView.h"
 
-namespace ubx {
+namespace ubx
+{
 
 /// Bits of the status that every operation returns.
-namespace status {
+namespace status
+{
 inline constexpr int kDone = 0;
 inline constexpr int kRefused = 1;  // an argument was refused and nothing was sent,
 inline constexpr int kMismatch = 1; // or the receiver holds another value than was written
@@ -25,12 +27,9 @@ inline constexpr int mismatch(bool differs)
     return differs ? status::kMismatch : status::kDone;
 }
 
-/// What a failed exchange leaves in the error log, before the description of the message.
-struct FailureTexts
-{
-    const char* notSent = "Could not send : ";
-    const char* notReceived = "Did not receive : ";
-};
+// What a failed exchange leaves in the error log, before the description of the message.
+inline constexpr const char* kNotSentText = "Could not send : ";
+inline constexpr const char* kNotReceivedText = "Did not receive : ";
 
 /// The answer to a poll: a message, or the status that tells why there is none.
 class Reply
@@ -58,7 +57,7 @@ class ReceiverLink
 public:
     static constexpr int kReceiveTimeLimit = 5; // seconds
 
-    explicit ReceiverLink(const char* errorLogPath, FailureTexts texts = {}) : errorLog_(errorLogPath), texts_(texts) {}
+    explicit ReceiverLink(const char* errorLogPath) : errorLog_(errorLogPath) {}
 
     /// Writes a command; no acknowledgement is awaited. A failure is only logged. @return 0.
     int send(const UBXMessage& command);
@@ -69,10 +68,12 @@ public:
     // The steps of an exchange, for those that need more than one on the same port.
 
     /// @return 0, or 8 and a line in the log.
-    int write(ubxIO& port, const UBXMessage& message);
+    int write(ubxIO& port, const UBXMessage& message, const char* notSent = kNotSentText);
+
+    Reply await(ubxIO& port, const UBXMessage& request, int timeLimit = kReceiveTimeLimit,
+                const char* notReceived = kNotReceivedText);
 
     /// @param description  what the log calls the message if it does not come.
-    Reply await(ubxIO& port, const UBXMessage& request, int timeLimit = kReceiveTimeLimit);
     Reply await(ubxIO& port, unsigned short classId, const char* description);
 
     Reply poll(ubxIO& port, const UBXMessage& request, int timeLimit = kReceiveTimeLimit);
@@ -83,7 +84,6 @@ public:
 
 private:
     ErrorLog errorLog_;
-    FailureTexts texts_;
 };
 
 } // namespace ubx

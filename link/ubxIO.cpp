@@ -14,7 +14,8 @@
 
 #include "link/ReceiveWindow.h"
 
-namespace {
+namespace
+{
 
 constexpr const char* kDevice = "/dev/tty_gps";
 constexpr int kOpenFlags = O_RDWR | O_NOCTTY | O_NONBLOCK | O_SYNC;
@@ -37,7 +38,8 @@ std::size_t windowSize(int timeLimit)
 
 void discardAll(UBXMessageList& list, UBXMessageClassIdValues classId)
 {
-    while (const UBXMessage* const message = list.findFirstOfMessage(classId)) delete message;
+    while (const UBXMessage* const message = list.findFirstOfMessage(classId))
+        delete message;
 }
 
 } // namespace

@@ -211,7 +211,8 @@ constexpr UBXClassRow UBXClassID[14] = {
 constexpr const char* gnssNames[7] = {"GPS", "SBAS", "GALILEO", "BEIDOU", "IMES", "QZSS", "GLONASS"};
 // clang-format on
 
-namespace {
+namespace
+{
 
 constexpr std::size_t kRows = std::size(UBXMessages) - 1; // without the end marker
 constexpr std::uint8_t kNone = 0xFF;
@@ -228,9 +229,11 @@ struct FirstRows
 constexpr FirstRows makeFirstRows()
 {
     FirstRows first;
-    for (auto& slot : first.classSlot) slot = kNone;
+    for (auto& slot : first.classSlot)
+        slot = kNone;
     for (auto& ids : first.row)
-        for (auto& row : ids) row = kNone;
+        for (auto& row : ids)
+            row = kNone;
 
     std::uint8_t slots = 0;
     for (std::size_t i = 0; i < kRows; ++i) {
@@ -263,7 +266,8 @@ constexpr bool isOf(const UBXMessageRow& row, UBXClassId id)
 
 } // namespace
 
-namespace ubx {
+namespace ubx
+{
 
 bool isCatalogued(UBXClassId id)
 {

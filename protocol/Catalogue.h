@@ -3,7 +3,8 @@
 #include <UBXMessage.h>
 
 /// What the parser asks of the message catalogue.
-namespace ubx {
+namespace ubx
+{
 
 bool isCatalogued(UBXClassId id);
 

@@ -2,7 +2,8 @@
 
 #include <cstddef>
 
-namespace ubx {
+namespace ubx
+{
 
 /// Place and width of one little-endian field of a payload.
 template <typename T>

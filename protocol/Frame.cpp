@@ -6,7 +6,8 @@
 
 namespace frame = ubx::frame;
 
-namespace {
+namespace
+{
 
 unsigned short readU16(const unsigned char* p)
 {

@@ -3,7 +3,8 @@
 #include <cstddef>
 
 /// Where things stand in a UBX frame.
-namespace ubx::frame {
+namespace ubx::frame
+{
 
 inline constexpr unsigned char kSync1 = 0xB5;
 inline constexpr unsigned char kSync2 = 0x62;

@@ -8,7 +8,8 @@
 
 #include "protocol/Field.h"
 
-namespace ubx {
+namespace ubx
+{
 
 /// Writes a field into payload bytes, little-endian.
 template <typename T>

@@ -9,7 +9,8 @@
 
 #include "protocol/Field.h"
 
-namespace ubx {
+namespace ubx
+{
 
 /// A received payload, read field by field. A byte that is not there counts as 0, whatever the reply claims to hold.
 class PayloadView
@@ -21,14 +22,18 @@ public:
 
     std::size_t size() const { return size_; }
 
-    unsigned char byteAt(std::size_t offset) const { return offset < size_ ? data_[offset] : static_cast<unsigned char>(0); }
+    unsigned char byteAt(std::size_t offset) const
+    {
+        return offset < size_ ? data_[offset] : static_cast<unsigned char>(0);
+    }
 
     template <typename T>
     T get(Field<T> field) const
     {
         using Unsigned = std::make_unsigned_t<T>;
         std::uint64_t value = 0;
-        for (std::size_t i = 0; i < field.width; ++i) value |= std::uint64_t{byteAt(field.offset + i)} << (8 * i);
+        for (std::size_t i = 0; i < field.width; ++i)
+            value |= std::uint64_t{byteAt(field.offset + i)} << (8 * i);
         return static_cast<T>(static_cast<Unsigned>(value));
     }
 
@@ -36,7 +41,8 @@ public:
     std::string text(std::size_t offset, std::size_t width) const
     {
         std::string result;
-        for (std::size_t i = offset; i - offset < width && byteAt(i) != 0; ++i) result += static_cast<char>(data_[i]);
+        for (std::size_t i = offset; i - offset < width && byteAt(i) != 0; ++i)
+            result += static_cast<char>(data_[i]);
         return result;
     }
 

@@ -8,7 +8,8 @@
 
 namespace frame = ubx::frame;
 
-namespace {
+namespace
+{
 
 unsigned short u16At(const unsigned char* p)
 {

@@ -43,7 +43,8 @@ UBXMessage* UBXMessageList::findFirstOfMessage(UBXMessageClassIdValues classId)
 
 void UBXMessageList::DumpMessages()
 {
-    for (std::size_t i = oldestFirst_.size(); i > taken_; --i) oldestFirst_[i - 1]->showPacket();
+    for (std::size_t i = oldestFirst_.size(); i > taken_; --i)
+        oldestFirst_[i - 1]->showPacket();
 }
 
 bool UBXMessageList::isEmpty() const
@@ -53,7 +54,8 @@ bool UBXMessageList::isEmpty() const
 
 void UBXMessageList::Empty()
 {
-    for (std::size_t i = taken_, count = oldestFirst_.size(); i < count; ++i) delete oldestFirst_.at(i);
+    for (std::size_t i = taken_, count = oldestFirst_.size(); i < count; ++i)
+        delete oldestFirst_.at(i);
     oldestFirst_.clear();
     taken_ = 0;
 }
