@@ -135,7 +135,7 @@ public:
     static unsigned int configureSBAS(unsigned char* buffer);
     /// Lets the receiver use the geostationary BeiDou satellites.
     static unsigned int configureBdsSystemConfig(unsigned char* buffer);
-    /// Full power.
+    /// Full power. Firmware without power modes refuses the payload.
     /// @param mode not looked at: a timing receiver is never to save power.
     static unsigned int configureExtendedPowerManagement(unsigned char* buffer, unsigned char mode);
     /// A time pulse of one second and, while locked to GNSS time, 100 ms; without lock there is no pulse. Also sets the
@@ -148,8 +148,8 @@ public:
     /// @param gnss seven flags: GPS, SBAS, Galileo, BeiDou, IMES (not looked at), QZSS, GLONASS. Read only.
     /// @param dualBand also uses the second band of each constellation that is on.
     static unsigned int configureSIGNAL(unsigned char* buffer, bool* gnss, bool dualBand);
-    /// The same for firmware from TIM 2.20 on, which also has signals that this sets to off: GPS L5, Galileo E5a,
-    /// BeiDou B1C and B2a, QZSS L5, NavIC L5.
+    /// The same for firmware from TIM 2.20 on. Also turns off the signals of units with other bands: GPS L5, Galileo
+    /// E5a, BeiDou B1C and B2a, QZSS L5, NavIC L5.
     /// @param gnss eight flags: the seven above and NavIC. Read only.
     /// @param dualBand as above.
     static unsigned int configureSIGNALForTim2_20(unsigned char* buffer, bool* gnss, bool dualBand);
