@@ -36,8 +36,8 @@ private:
     friend class ubxIO;
 
     // As update(); resumeAt is where a later scan has to start again: everything before it is done with.
-    unsigned long scan(const unsigned char* buffer, unsigned long length, unsigned long& resumeAt);
-    void accept(const unsigned char* frame, unsigned short payloadLength);
+    UBXCONTROL_INTERNAL unsigned long scan(const unsigned char* buffer, unsigned long length, unsigned long& resumeAt);
+    UBXCONTROL_INTERNAL void accept(const unsigned char* frame, unsigned short payloadLength);
 
     UBXMessageList* list_;
     unsigned int goodCount_ = 0;

@@ -114,6 +114,6 @@ public:
     void saveUbloxChipInfo();
 
 private:
-    struct Parts;
+    struct UBXCONTROL_INTERNAL Parts;
     std::unique_ptr<Parts> parts_;
 };

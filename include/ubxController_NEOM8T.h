@@ -95,6 +95,6 @@ public:
 private:
     static std::array<unsigned char, 32> cfg_tps_data_buffer;
 
-    struct Parts;
+    struct UBXCONTROL_INTERNAL Parts;
     std::unique_ptr<Parts> parts_;
 };

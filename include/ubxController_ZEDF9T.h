@@ -181,9 +181,10 @@ private:
 
     // Calls one of two forms of an operation, by the present mode.
     template <typename... Parameters, typename... Arguments>
-    int dispatch(int (ubxController_ZEDF9T::*legacy)(Parameters...),
-                 int (ubxController_ZEDF9T::*configInterface)(Parameters...), Arguments&&... arguments);
+    UBXCONTROL_INTERNAL int dispatch(int (ubxController_ZEDF9T::*legacy)(Parameters...),
+                                     int (ubxController_ZEDF9T::*configInterface)(Parameters...),
+                                     Arguments&&... arguments);
 
-    struct Parts;
+    struct UBXCONTROL_INTERNAL Parts;
     std::unique_ptr<Parts> parts_;
 };
