@@ -43,8 +43,9 @@ UBXMessage* UBXMessageList::findFirstOfMessage(UBXMessageClassIdValues classId)
 
 void UBXMessageList::DumpMessages()
 {
-    for (std::size_t i = oldestFirst_.size(); i > taken_; --i)
-        oldestFirst_[i - 1]->showPacket();
+    for (std::size_t i = oldestFirst_.size(); i > taken_; --i) {
+        if (const UBXMessage* const message = oldestFirst_[i - 1]) message->showPacket();
+    }
 }
 
 bool UBXMessageList::isEmpty() const

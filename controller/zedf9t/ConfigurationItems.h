@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "config/KeyValuePayload.h"
 #include "link/ReceiverLink.h"
 #include "protocol/Field.h"
 
@@ -59,7 +60,7 @@ public:
 
 private:
     ReceiverLink& link_;
-    std::array<unsigned char, 300> payload_{};
+    std::array<unsigned char, kConfigBufferSize> payload_{};
 };
 
 } // namespace ubx
