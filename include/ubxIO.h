@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 
 #include <UBXMessage.h>
@@ -58,6 +59,8 @@ public:
     UBXMessage* ReceiveMessage(unsigned short classId, int timeLimit) override;
 
 private:
+    UBXCONTROL_INTERNAL void takeNewest(UBXMessageClassIdValues classId, std::unique_ptr<UBXMessage>& candidate);
+
     int fd_ = -1;
     std::optional<UBXMessageList> messageList_;
     std::optional<UBXMessageBuilder> messageBuilder_;

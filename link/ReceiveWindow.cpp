@@ -10,14 +10,16 @@ namespace ubx
 
 ReceiveWindow::ReceiveWindow(std::size_t capacity) : bytes_(new unsigned char[capacity]), capacity_(capacity) {}
 
-void ReceiveWindow::makeRoom()
+bool ReceiveWindow::makeRoom()
 {
-    if (freeBytes() != 0) return;
-    if (finished_ == 0) finished_ = std::min(frame::kSyncLength, filled_);
+    if (freeBytes() != 0) return false;
+    const bool stuck = finished_ == 0;
+    if (stuck) finished_ = std::min(frame::kSyncLength, filled_);
     const std::size_t kept = pendingBytes();
     std::memmove(bytes_.get(), pending(), kept);
     filled_ = kept;
     finished_ = 0;
+    return stuck;
 }
 
 } // namespace ubx

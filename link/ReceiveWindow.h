@@ -25,8 +25,9 @@ public:
     void finish(std::size_t count) { finished_ += count; }
 
     /// When no space is free: gives up what is finished with. An unfinished frame that fills the whole window can't
-    /// become whole in it, so its sync chars are given up and what lies behind them is looked at anew.
-    void makeRoom();
+    /// become whole in it, so its sync chars are given up.
+    /// @return whether they were: what lies behind them has to be looked at anew.
+    bool makeRoom();
 
 private:
     std::unique_ptr<unsigned char[]> bytes_;

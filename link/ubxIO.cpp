@@ -36,12 +36,6 @@ std::size_t windowSize(int timeLimit)
     return static_cast<std::size_t>(std::clamp(timeLimit, 0, kWidestWindowSeconds)) * kWindowBytesPerSecond;
 }
 
-void discardAll(UBXMessageList& list, UBXMessageClassIdValues classId)
-{
-    while (const UBXMessage* const message = list.findFirstOfMessage(classId))
-        delete message;
-}
-
 } // namespace
 
 ubxIO::ubxIO()
@@ -115,27 +109,41 @@ UBXMessage* ubxIO::ReceiveMessage(unsigned short classId, int timeLimit)
     std::unique_ptr<UBXMessage> candidate;
 
     const std::time_t start = std::time(nullptr);
+    bool lookAtList = true; // there may be messages left from an earlier wait
     do {
-        window.makeRoom();
-        const std::size_t room = std::min(kReadAtOnce, window.freeBytes());
-        window.added(static_cast<std::size_t>(ReadFromUART(window.freeSpace(), static_cast<long>(room))));
-
         // Frames do not change by being looked at again: a round looks at what has come since the last one.
-        unsigned long resumeAt = 0;
-        messageBuilder_->scan(window.pending(), window.pendingBytes(), resumeAt);
-        window.finish(resumeAt);
-
-        const bool errored = messageBuilder_->getErroredMessageCount() != 0;
-        if (UBXMessage* const newest = messageList_->findFirstOfMessage(wanted)) {
-            candidate.reset(newest);
-            if (errored) discardAll(*messageList_, wanted); // older than the candidate, must not replace it later
-        } else {
-            messageList_->Empty();
+        const bool lookAgain = window.makeRoom();
+        const std::size_t room = std::min(kReadAtOnce, window.freeBytes());
+        const long received = ReadFromUART(window.freeSpace(), static_cast<long>(room));
+        window.added(static_cast<std::size_t>(received));
+        if (received > 0 || lookAgain || lookAtList) {
+            unsigned long resumeAt = 0;
+            messageBuilder_->scan(window.pending(), window.pendingBytes(), resumeAt);
+            window.finish(resumeAt);
+            takeNewest(wanted, candidate);
+            lookAtList = false;
         }
-        if (candidate != nullptr && !errored) return candidate.release();
-        if (errored) report("ubxIO::ReceiveMessage Errored messages returned from u-blox.\n");
+        if (messageBuilder_->getErroredMessageCount() != 0) {
+            report("ubxIO::ReceiveMessage Errored messages returned from u-blox.\n");
+        } else if (candidate != nullptr) {
+            return candidate.release();
+        }
     } while (std::difftime(std::time(nullptr), start) < static_cast<double>(timeLimit));
 
     report("ubxIO::ReceiveMessage Timed out waiting for rx from u-blox.\n");
     return candidate.release();
+}
+
+void ubxIO::takeNewest(UBXMessageClassIdValues classId, std::unique_ptr<UBXMessage>& candidate)
+{
+    UBXMessage* const newest = messageList_->findFirstOfMessage(classId);
+    if (newest == nullptr) {
+        messageList_->Empty();
+        return;
+    }
+    candidate.reset(newest);
+    if (messageBuilder_->getErroredMessageCount() == 0) return; // the rest stays for a later wait
+    // The wait goes on: an older message must not replace the candidate in a later round.
+    while (const UBXMessage* const older = messageList_->findFirstOfMessage(classId))
+        delete older;
 }
