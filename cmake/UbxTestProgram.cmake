@@ -6,8 +6,8 @@
 #
 # The program has its main() already. It moves into a private sandbox (own /dev, /var/log, /tmp) and then runs the tests,
 # so each may use the fixed paths of the library as it likes; CTest starts every test as a process of its own, many at a
-# time. What a test may include: gtest/gtest.h, and from tests/support Bytes.h, CapturedOutput.h, Files.h, FlushLog.h
-# and TestClock.h, and "sandbox/Sandbox.h" for the link to the receiver.
+# time. What a test may include: gtest/gtest.h, and from tests/support Bytes.h, CapturedOutput.h, ChildProcess.h, Files.h,
+# FlushLog.h and TestClock.h, and "sandbox/Sandbox.h" for the link to the receiver.
 
 include(GoogleTest)
 

@@ -55,8 +55,8 @@ void showDevice(const Descriptor& hostDevices, const char* name)
     bind(device.path(), place);
 }
 
-/// Gives the process its own /dev. The /dev/shm made here is still empty and visible.
-void replaceDevices(const Descriptor& gps)
+/// Gives the process its own /dev. The /dev/shm made here is still to be hidden.
+void replaceDevices(const Descriptor& gps, const fs::path& preload)
 {
     constexpr std::array kNodes{"null", "zero", "full", "random", "urandom", "tty"};
     struct Link
@@ -86,12 +86,21 @@ void replaceDevices(const Descriptor& gps)
         bind(gps.path(), kOutsideGps);
         fs::create_symlink(kOutsideGps, kGps);
     }
+    if (!preload.empty()) fs::create_symlink(preload, kPreload);
     makeFile(kMarker);
+}
+
+/// What is to be loaded first inside; a sandbox in a sandbox has it from the outer one.
+fs::path preloadOf(const Request& request)
+{
+    std::error_code none;
+    return request.preload.empty() ? fs::read_symlink(kPreload, none) : fs::canonical(request.preload);
 }
 
 void moveIn(const Request& request)
 {
     const fs::path workingDirectory = fs::current_path();
+    const fs::path preload = preloadOf(request);
     makeNamespaces();
     attempt(::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr), "make mounts private");
 
@@ -107,7 +116,7 @@ void moveIn(const Request& request)
     const Descriptor gps = request.gps.empty() ? Descriptor(-1) : openPlace(request.gps);
     if (!request.gps.empty()) attempt(gps.get(), "open", request.gps);
 
-    replaceDevices(gps);
+    replaceDevices(gps, preload);
     for (HiddenDirectory& directory : hidden)
         directory.hide();
 
@@ -116,15 +125,31 @@ void moveIn(const Request& request)
     if (noLongerThere) fs::current_path("/");
 }
 
+void check(const Request& request)
+{
+    for (const std::string& path : {request.gps, request.preload}) {
+        std::error_code unreachable;
+        if (!path.empty() && !fs::exists(path, unreachable)) throw std::invalid_argument("there is no " + path);
+    }
+}
+
 void insistOnSandbox()
 {
-    if (!inside()) throw std::logic_error("not in a sandbox: /dev/tty_gps of the machine is left alone");
+    if (!inside()) throw std::logic_error("not in a sandbox: the machine's own files are left alone");
+}
+
+void remount(const std::string& directory, unsigned long flags)
+{
+    insistOnSandbox();
+    attempt(::mount(nullptr, directory.c_str(), nullptr, MS_REMOUNT | MS_BIND | MS_NOSUID | flags, nullptr), "remount",
+            directory);
 }
 
 } // namespace
 
 Outcome enter(const Request& request)
 {
+    check(request);
     try {
         moveIn(request);
         return {true, ""};
@@ -151,6 +176,16 @@ void removeGps()
 {
     insistOnSandbox();
     if (::unlink(kGps) != 0 && errno != ENOENT) attempt(-1, "remove", kGps);
+}
+
+void forbidChanges(const std::string& directory)
+{
+    remount(directory, MS_RDONLY);
+}
+
+void permitChanges(const std::string& directory)
+{
+    remount(directory, 0);
 }
 
 } // namespace sandbox

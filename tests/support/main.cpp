@@ -34,7 +34,9 @@ int main(int argc, char** argv)
     testing::InitGoogleTest(&argc, argv);
     if (!GTEST_FLAG_GET(list_tests)) {
         const sandbox::Outcome outcome = sandbox::enter(
-            {{testsupport::sourceDirectory(), testsupport::programDirectory(), testsupport::capturesDirectory()}, ""});
+            {{testsupport::sourceDirectory(), testsupport::programDirectory(), testsupport::capturesDirectory()},
+             "",
+             ""});
         if (!outcome.entered) return sayNotRun(outcome.why);
     }
     return RUN_ALL_TESTS();
