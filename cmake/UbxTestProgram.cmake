@@ -20,6 +20,7 @@ function(ubx_add_test_program name)
   file(RELATIVE_PATH folder "${PROJECT_SOURCE_DIR}/tests" "${CMAKE_CURRENT_SOURCE_DIR}")
   gtest_discover_tests(${name}
     DISCOVERY_MODE PRE_TEST
+    NO_PRETTY_VALUES
     DISCOVERY_TIMEOUT 60
     TEST_PREFIX "${folder}/"
     PROPERTIES TIMEOUT 60)

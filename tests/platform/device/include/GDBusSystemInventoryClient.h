@@ -1,0 +1,11 @@
+#pragma once
+
+#include <vector>
+
+class GDBusSystemInventoryClient
+{
+public:
+    GDBusSystemInventoryClient();
+    ~GDBusSystemInventoryClient();
+    std::vector<unsigned int> GetModuleLocations();
+};

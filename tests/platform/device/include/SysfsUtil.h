@@ -1,0 +1,9 @@
+#pragma once
+
+class SysfsUtil
+{
+public:
+    SysfsUtil();
+    ~SysfsUtil();
+    void setGpioValue(int gpio, bool value);
+};
