@@ -30,5 +30,5 @@ public:
 private:
     std::string bus_;
     unsigned char address_;
-    bool isOpen_;
+    int handle_; // By which the platform knows the open bus; negative while it is closed.
 };

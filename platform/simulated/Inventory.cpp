@@ -1,7 +1,6 @@
 // Substitutes for the device's D-Bus clients.
 
 #include <atomic>
-#include <utility>
 
 #include "GDBusModuleResourcesClient.h"
 #include "GDBusSystemInventoryClient.h"
@@ -23,18 +22,6 @@ std::atomic<int> clients{0};
 int ubxplatform::liveClients()
 {
     return clients;
-}
-
-Record::Record(int type, std::string data) : type_(type), data_(std::move(data)) {}
-
-int Record::GetRecordType() const
-{
-    return type_;
-}
-
-std::string Record::GetRecordData() const
-{
-    return data_;
 }
 
 GDBusSystemInventoryClient::GDBusSystemInventoryClient()

@@ -30,26 +30,26 @@ Expander* answering(const LockedMachine& machine, const std::string& busPath, st
 
 } // namespace
 
-I2CDev::I2CDev(std::string bus) : bus_(std::move(bus)), address_(0), isOpen_(false) {}
+I2CDev::I2CDev(std::string bus) : bus_(std::move(bus)), address_(0), handle_(kFailed) {}
 
 I2CDev::~I2CDev()
 {
-    if (isOpen_) LockedMachine()->transfers.push_back({Transfer::Kind::close, bus_, address_, {}, {}, false});
+    if (handle_ >= 0) LockedMachine()->transfers.push_back({Transfer::Kind::close, bus_, address_, {}, {}, false});
 }
 
 int I2CDev::open(unsigned char address)
 {
     const LockedMachine machine;
     address_ = address;
-    isOpen_ = machine->buses.count(bus_) != 0;
-    machine->transfers.push_back({Transfer::Kind::open, bus_, address, {}, {}, !isOpen_});
-    return isOpen_ ? kDone : kFailed;
+    handle_ = machine->buses.count(bus_) != 0 ? kDone : kFailed;
+    machine->transfers.push_back({Transfer::Kind::open, bus_, address, {}, {}, handle_ < 0});
+    return handle_;
 }
 
 int I2CDev::read(unsigned char* data, unsigned long len, unsigned char* reg, unsigned long reglen)
 {
     const LockedMachine machine;
-    Expander* chip = isOpen_ ? answering(machine, bus_, address_, &Machine::Bus::failReads) : nullptr;
+    Expander* chip = handle_ >= 0 ? answering(machine, bus_, address_, &Machine::Bus::failReads) : nullptr;
     Transfer transfer{Transfer::Kind::read, bus_, address_, {reg, reg + reglen}, {}, chip == nullptr};
     if (chip != nullptr) {
         transfer.received = chip->read(transfer.sent, len);
@@ -62,7 +62,7 @@ int I2CDev::read(unsigned char* data, unsigned long len, unsigned char* reg, uns
 int I2CDev::write(unsigned char* data, unsigned long len)
 {
     const LockedMachine machine;
-    Expander* chip = isOpen_ ? answering(machine, bus_, address_, &Machine::Bus::failWrites) : nullptr;
+    Expander* chip = handle_ >= 0 ? answering(machine, bus_, address_, &Machine::Bus::failWrites) : nullptr;
     const Transfer transfer{Transfer::Kind::write, bus_, address_, {data, data + len}, {}, chip == nullptr};
     if (chip != nullptr) chip->write(transfer.sent);
     machine->transfers.push_back(transfer);

@@ -87,22 +87,22 @@ std::vector<PcieBar> GDBusModuleResourcesClient::GetBars()
     return {};
 }
 
-I2CDev::I2CDev(std::string bus) : bus_(bus), address_(0), isOpen_(false)
+I2CDev::I2CDev(std::string bus) : bus_(bus), address_(0), handle_(-1)
 {
     see(bus_);
 }
 
 I2CDev::~I2CDev()
 {
-    see(isOpen_ ? "close" : "never open");
+    see(handle_ == 3 ? "close" : "never open");
 }
 
 int I2CDev::open(unsigned char address)
 {
     address_ = address;
-    isOpen_ = true;
+    handle_ = 3;
     see("open " + std::to_string(address_));
-    return 3;
+    return handle_;
 }
 
 int I2CDev::read(unsigned char* data, unsigned long len, unsigned char* reg, unsigned long reglen)

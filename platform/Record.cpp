@@ -1,0 +1,15 @@
+#include "Record.h"
+
+#include <utility>
+
+Record::Record(int type, std::string data) : type_(type), data_(std::move(data)) {}
+
+int Record::GetRecordType() const
+{
+    return type_;
+}
+
+std::string Record::GetRecordData() const
+{
+    return data_;
+}
