@@ -203,10 +203,10 @@ class SandboxWithReceiver : public SandboxCommand
 protected:
     SandboxWithReceiver()
     {
-        makeScript("ubxsim", R"(echo "started with $*" >> simulator-log
-echo $$ > simulator-pid
-trap 'echo ended >> simulator-log; exit 0' TERM
+        makeScript("ubxsim", R"(trap 'echo ended >> simulator-log; exit 0' TERM
 trap 'echo interrupted >> simulator-log; exit 0' INT
+echo "started with $*" >> simulator-log
+echo $$ > simulator-pid
 while [ $# -gt 1 ]; do [ "$1" = --link ] && link=$2; shift; done
 ln -s /dev/null "$link"
 while :; do sleep 0.02; done
