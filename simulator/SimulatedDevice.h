@@ -1,0 +1,67 @@
+#pragma once
+
+#include "simulator/ReceiverSimulator.h"
+#include "simulator/faults/Delivery.h"
+#include "simulator/receiver/Receiver.h"
+#include "simulator/wire/LineRunner.h"
+
+#include <map>
+
+namespace ubxsim
+{
+
+/// The receiver at its line: cuts requests out of what comes in, plays the faults, sends answers and periodic output.
+/// Everything but the constructor needs the runner's mutex.
+class SimulatedDevice : public LineClient
+{
+public:
+    explicit SimulatedDevice(const SimulatorOptions& options);
+    ~SimulatedDevice() { runner_.stop(); }
+
+    void onBytes(const std::uint8_t* data, std::size_t size, WallTime now) override;
+    WallTime onTime(WallTime now) override;
+
+    LineRunner& runner() { return runner_; }
+    Receiver& receiver() { return receiver_; }
+    Script& script() { return script_; }
+    FrameScanner& scanner() { return scanner_; }
+    std::vector<Bytes>& frames() { return frames_; }
+    std::condition_variable& arrived() { return arrived_; }
+    SimTime simNow() const { return simTimeOf(WallClock::now()); }
+
+    void say(Bytes raw);
+    /// To be called after anything that may have reset the receiver or changed its line speed.
+    void followReset();
+
+private:
+    struct Held
+    {
+        WallTime until;
+        std::vector<Transmission> transmissions;
+    };
+
+    SimTime simTimeOf(WallTime time) const;
+    WallTime wallTimeOf(SimTime time) const;
+    void handle(const Frame& request, WallTime now);
+    Answer scripted(const Fault& fault, const Frame& request);
+    void deliver(Delivery delivery, WallTime now);
+    void releaseHeldBack(WallTime now);
+    void enqueue(std::vector<Transmission> transmissions, WallTime now);
+    void enqueuePeriodic(std::vector<Bytes> output, WallTime now);
+
+    const SimulatorOptions options_;
+    const double scale_; // receiver time per wall time
+    const WallTime start_ = WallClock::now();
+    Receiver receiver_;
+    FrameScanner scanner_;
+    WallTime lastByte_ = start_;
+    Script script_;
+    std::vector<Bytes> frames_;
+    std::condition_variable arrived_;
+    std::multimap<WallTime, std::vector<Transmission>> later_;
+    std::vector<Held> heldBack_; // answers that the next one overtakes
+    bool overflowTold_ = false;
+    LineRunner runner_;
+};
+
+} // namespace ubxsim
