@@ -134,6 +134,11 @@ public:
     void showPacket() const;
 
 private:
+    friend class UBXMessageBuilder;
+
+    // A copy of a whole frame that is known to be right.
+    UBXCONTROL_INTERNAL UBXMessage(const unsigned char* wholeFrame, unsigned long packetLength);
+
     UBXClassId classId_;
     unsigned long payloadLength_ = 0;
     unsigned long packetLength_ = 0;

@@ -37,7 +37,7 @@ private:
 
     // As update(); resumeAt is where a later scan has to start again: everything before it is done with.
     UBXCONTROL_INTERNAL unsigned long scan(const unsigned char* buffer, unsigned long length, unsigned long& resumeAt);
-    UBXCONTROL_INTERNAL void accept(const unsigned char* frame, unsigned short payloadLength);
+    UBXCONTROL_INTERNAL void accept(const unsigned char* wholeFrame, unsigned long frameLength);
 
     UBXMessageList* list_;
     unsigned int goodCount_ = 0;

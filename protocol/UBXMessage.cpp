@@ -18,6 +18,15 @@ UBXMessage::UBXMessage(unsigned short classId, unsigned long payloadLength, cons
     buildMessage(payload, payloadLength);
 }
 
+UBXMessage::UBXMessage(const unsigned char* wholeFrame, unsigned long packetLength)
+    : classId_(ubxGetClassIdFromData(wholeFrame + frame::kClassOffset)),
+      payloadLength_(packetLength - frame::kOverhead),
+      packetLength_(packetLength),
+      packetData_(new unsigned char[packetLength])
+{
+    std::memcpy(packetData_, wholeFrame, packetLength);
+}
+
 UBXMessage::UBXMessage(const UBXMessage& other)
     : classId_(other.classId_),
       payloadLength_(other.payloadLength_),

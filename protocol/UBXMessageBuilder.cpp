@@ -77,7 +77,7 @@ unsigned long UBXMessageBuilder::scan(const unsigned char* buffer, unsigned long
         if (length - pos <= frameLength) return stopHere(consumed);
 
         if (checksumIsRight(buffer + pos, payloadLength)) {
-            accept(buffer + pos, payloadLength);
+            accept(buffer + pos, frameLength);
         } else {
             ++erroredCount_;
         }
@@ -87,11 +87,10 @@ unsigned long UBXMessageBuilder::scan(const unsigned char* buffer, unsigned long
     return stopHere(0);
 }
 
-void UBXMessageBuilder::accept(const unsigned char* start, unsigned short payloadLength)
+void UBXMessageBuilder::accept(const unsigned char* wholeFrame, unsigned long frameLength)
 {
-    const UBXMessageClassIdValues classId =
-        ubxConvertClassIdStructToType(ubxGetClassIdFromData(start + frame::kClassOffset));
-    auto message = std::make_unique<UBXMessage>(classId, payloadLength, start + frame::kPayloadOffset);
+    std::unique_ptr<UBXMessage> message{new UBXMessage(wholeFrame, frameLength)};
+    const UBXMessageClassIdValues classId = message->getClassId();
     list_->AddMessage(message.get());
     message.release();
 
