@@ -118,6 +118,7 @@ void waitForFix(UBXControlInterface& receiver, Transcript& transcript)
     constexpr std::chrono::seconds kPatience{40};
     const auto begin = std::chrono::steady_clock::now();
     std::string fix;
+    receiver.getNavsolution("FIX", fix); // may still be the solution from before the change
     while (receiver.getNavsolution("FIX", fix) == 0 && fix == "NO-FIX") {
         if (std::chrono::steady_clock::now() - begin < kPatience) continue;
         transcript.note("no fix within 40 seconds");
