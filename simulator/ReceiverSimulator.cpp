@@ -19,6 +19,13 @@ Fault faultFor(std::uint16_t classId, FaultKind kind, int times)
     return fault;
 }
 
+Event eventOf(EventKind kind)
+{
+    Event event;
+    event.kind = kind;
+    return event;
+}
+
 /// Holds the device's mutex and wakes its thread at the end.
 class Access
 {
@@ -162,58 +169,35 @@ void ReceiverSimulator::clearFaults()
 
 void ReceiverSimulator::say(Bytes raw)
 {
-    Access(*device_)->say(std::move(raw));
+    Event event;
+    event.kind = EventKind::say;
+    event.bytes = std::move(raw);
+    happen(event);
 }
 
 void ReceiverSimulator::hangUp()
 {
-    Access(*device_)->runner().hangUp();
+    happen(eventOf(EventKind::hangUp));
 }
 
 void ReceiverSimulator::comeBack()
 {
-    Access(*device_)->runner().comeBack();
+    happen(eventOf(EventKind::comeBack));
 }
 
 void ReceiverSimulator::stopReading(bool stop)
 {
-    Access(*device_)->runner().stopReading(stop);
+    happen(eventOf(stop ? EventKind::stopReading : EventKind::resumeReading));
 }
 
-void ReceiverSimulator::setReception(const Reception& reception)
+void ReceiverSimulator::happen(const Event& event)
 {
-    Access(*device_)->receiver().setReception(reception);
+    Access(*device_)->happen(event);
 }
 
-void ReceiverSimulator::setSurveyHopeless(bool hopeless)
+void ReceiverSimulator::schedule(Action action)
 {
-    Access(*device_)->receiver().navigator().setSurveyHopeless(hopeless);
-}
-
-void ReceiverSimulator::restart()
-{
-    Access device(*device_);
-    device->receiver().restart();
-    device->followReset();
-}
-
-void ReceiverSimulator::losePower(bool batteryPresent)
-{
-    Access device(*device_);
-    device->receiver().losePower(batteryPresent);
-    device->followReset();
-}
-
-void ReceiverSimulator::approachLeapSecond()
-{
-    Access device(*device_);
-    device->receiver().navigator().approachLeapSecond(device->simNow());
-}
-
-void ReceiverSimulator::approachWeekRollover()
-{
-    Access device(*device_);
-    device->receiver().navigator().approachWeekRollover(device->simNow());
+    Access(*device_)->schedule(std::move(action));
 }
 
 Bytes ReceiverSimulator::legacyPayload(std::uint16_t classId, std::uint8_t index) const

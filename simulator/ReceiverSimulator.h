@@ -1,9 +1,8 @@
 #pragma once
 
-#include "simulator/faults/Script.h"
+#include "simulator/faults/Action.h"
 #include "simulator/receiver/Geodesy.h"
 #include "simulator/receiver/Model.h"
-#include "simulator/receiver/Sky.h"
 #include "simulator/settings/Ports.h"
 #include "simulator/settings/SettingsStore.h"
 
@@ -35,6 +34,7 @@ struct SimulatorOptions
     /// Unix time at which the receiver's time starts; the present when empty.
     std::optional<std::chrono::milliseconds> startTime;
     bool coldStart = false; // has to find the satellites first
+    std::string traceFile;  // gets every frame in both directions; empty for none
 };
 
 /// A receiver behind a pseudo terminal. The constructor starts its thread, the destructor leaves nothing behind.
@@ -88,13 +88,9 @@ public:
     void comeBack();
     void stopReading(bool stop);
 
-    // The surroundings.
-    void setReception(const Reception& reception);
-    void setSurveyHopeless(bool hopeless);
-    void restart();
-    void losePower(bool batteryPresent);
-    void approachLeapSecond();
-    void approachWeekRollover();
+    // Whatever else can happen, now or at a time of the receiver.
+    void happen(const Event& event);
+    void schedule(Action action);
 
     /// The present settings as the payload of a legacy poll's reply; empty when the receiver knows no such message.
     Bytes legacyPayload(std::uint16_t classId, std::uint8_t index = 0) const;

@@ -52,6 +52,12 @@ SimulatedDevice::SimulatedDevice(const SimulatorOptions& options)
     , receiver_(setupOf(options))
     , runner_(*this)
 {
+    if (!options_.traceFile.empty()) {
+        trace_.emplace(options_.traceFile);
+        runner_.output().onSent = [this](const Transmission& sent) {
+            trace(TraceDirection::fromReceiver, sent.bytes);
+        };
+    }
     followReset();
     runner_.start();
 }
@@ -71,6 +77,7 @@ WallTime SimulatedDevice::onTime(WallTime now)
         scanner_.giveUpPartialFrame();
         onBytes(nullptr, 0, now);
     }
+    runActions(simTimeOf(now));
     enqueuePeriodic(receiver_.advanceTo(simTimeOf(now)), now);
     followReset();
     while (!later_.empty() && later_.begin()->first <= now) {
@@ -82,6 +89,9 @@ WallTime SimulatedDevice::onTime(WallTime now)
     }
 
     WallTime next = wallTimeOf(receiver_.nextEvent());
+    if (!actions_.empty()) {
+        next = std::min(next, wallTimeOf(actions_.begin()->first));
+    }
     if (!later_.empty()) {
         next = std::min(next, later_.begin()->first);
     }
@@ -94,11 +104,61 @@ WallTime SimulatedDevice::onTime(WallTime now)
     return next;
 }
 
-void SimulatedDevice::say(Bytes raw)
+void SimulatedDevice::schedule(Action action)
+{
+    actions_.emplace(action.at, std::move(action.what));
+}
+
+void SimulatedDevice::runActions(SimTime now)
+{
+    while (!actions_.empty() && actions_.begin()->first <= now) {
+        const auto what = std::move(actions_.begin()->second);
+        actions_.erase(actions_.begin());
+        if (const auto* fault = std::get_if<Fault>(&what)) {
+            script_.add(*fault);
+        } else {
+            happen(std::get<Event>(what));
+        }
+    }
+}
+
+void SimulatedDevice::happen(const Event& event)
+{
+    const WallTime now = WallClock::now();
+    Reception reception = receiver_.navigator().reception();
+    switch (event.kind) {
+    case EventKind::say: say(event.bytes, now); break;
+    case EventKind::hangUp: runner_.hangUp(); break;
+    case EventKind::comeBack: runner_.comeBack(); break;
+    case EventKind::stopReading: runner_.stopReading(true); break;
+    case EventKind::resumeReading: runner_.stopReading(false); break;
+    case EventKind::restart: receiver_.restart(); break;
+    case EventKind::losePower: receiver_.losePower(true); break;
+    case EventKind::losePowerAndBattery: receiver_.losePower(false); break;
+    case EventKind::jamming: reception.jammed = event.on; break;
+    case EventKind::satellites: reception.noSatellites = !event.on; break;
+    case EventKind::antenna: reception.antenna = event.antenna; break;
+    case EventKind::hopelessSurvey: receiver_.navigator().setSurveyHopeless(event.on); break;
+    case EventKind::leapSecond: receiver_.navigator().approachLeapSecond(simTimeOf(now)); break;
+    case EventKind::weekRollover: receiver_.navigator().approachWeekRollover(simTimeOf(now)); break;
+    case EventKind::clearFaults: script_.clear(); break;
+    }
+    receiver_.setReception(reception);
+    followReset();
+}
+
+void SimulatedDevice::say(Bytes raw, WallTime now)
 {
     Transmission transmission;
     transmission.bytes = std::move(raw);
-    runner_.output().enqueue(std::move(transmission), WallClock::now());
+    runner_.output().enqueue(std::move(transmission), now);
+}
+
+void SimulatedDevice::trace(TraceDirection direction, const Bytes& bytes)
+{
+    if (trace_) {
+        trace_->write({std::chrono::duration_cast<microseconds>(WallClock::now() - start_), direction, bytes});
+    }
 }
 
 void SimulatedDevice::followReset()
@@ -141,14 +201,12 @@ void SimulatedDevice::enqueuePeriodic(std::vector<Bytes> output, WallTime now)
         const auto text = fits || overflowTold_ ? std::nullopt : receiver_.text(TextKind::error, "txbuf alloc");
         overflowTold_ = !fits;
         if (text) {
-            say(*text);
+            say(*text, now);
         }
         if (!fits) {
             return;
         }
-        Transmission transmission;
-        transmission.bytes = std::move(bytes);
-        runner_.output().enqueue(std::move(transmission), now);
+        say(std::move(bytes), now);
     }
 }
 
@@ -156,6 +214,7 @@ void SimulatedDevice::handle(const Frame& request, WallTime now)
 {
     frames_.push_back(frame(request.classId, request.payload));
     arrived_.notify_all();
+    trace(TraceDirection::toReceiver, frames_.back());
     enqueuePeriodic(receiver_.advanceTo(simTimeOf(now)), now);
 
     // Real receivers never acknowledge CFG-RST, so a scripted answer to it is the answer.

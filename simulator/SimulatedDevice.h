@@ -1,8 +1,10 @@
 #pragma once
 
 #include "simulator/ReceiverSimulator.h"
+#include "simulator/faults/Action.h"
 #include "simulator/faults/Delivery.h"
 #include "simulator/receiver/Receiver.h"
+#include "simulator/replay/Trace.h"
 #include "simulator/wire/LineRunner.h"
 
 #include <map>
@@ -27,9 +29,9 @@ public:
     FrameScanner& scanner() { return scanner_; }
     std::vector<Bytes>& frames() { return frames_; }
     std::condition_variable& arrived() { return arrived_; }
-    SimTime simNow() const { return simTimeOf(WallClock::now()); }
 
-    void say(Bytes raw);
+    void schedule(Action action);
+    void happen(const Event& event);
     /// To be called after anything that may have reset the receiver or changed its line speed.
     void followReset();
 
@@ -40,6 +42,9 @@ private:
         std::vector<Transmission> transmissions;
     };
 
+    void runActions(SimTime now);
+    void say(Bytes raw, WallTime now);
+    void trace(TraceDirection direction, const Bytes& bytes);
     SimTime simTimeOf(WallTime time) const;
     WallTime wallTimeOf(SimTime time) const;
     void handle(const Frame& request, WallTime now);
@@ -60,6 +65,8 @@ private:
     std::condition_variable arrived_;
     std::multimap<WallTime, std::vector<Transmission>> later_;
     std::vector<Held> heldBack_; // answers that the next one overtakes
+    std::multimap<SimTime, std::variant<Fault, Event>> actions_;
+    std::optional<TraceWriter> trace_;
     bool overflowTold_ = false;
     LineRunner runner_;
 };

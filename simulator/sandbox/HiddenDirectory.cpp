@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <system_error>
+#include <utility>
 
 #include <fcntl.h>
 
@@ -16,6 +17,7 @@ HiddenDirectory::HiddenDirectory(fs::path directory, const char* mountOptions)
 
 void HiddenDirectory::keep(const fs::path& path)
 {
+    if (path.empty()) return;
     std::error_code notThere;
     keepEntryOf(fs::absolute(path).lexically_normal());
     keepEntryOf(fs::canonical(path, notThere));
@@ -29,9 +31,11 @@ void HiddenDirectory::keepEntryOf(const fs::path& absolutePath)
     if (std::any_of(kept_.begin(), kept_.end(), [&](const Entry& entry) { return entry.name == name; })) return;
 
     const fs::path place = directory_ / name;
-    const fs::file_status status = fs::symlink_status(place);
-    if (!fs::exists(status)) return;
-    kept_.push_back({name, openPlace(place, O_NOFOLLOW), fs::is_symlink(status) ? fs::read_symlink(place) : fs::path(),
+    std::error_code unreachable;
+    const fs::file_status status = fs::symlink_status(place, unreachable);
+    Descriptor held = openPlace(place, O_NOFOLLOW);
+    if (!held.isOpen()) return; // Not there, or not a name that could be.
+    kept_.push_back({name, std::move(held), fs::is_symlink(status) ? fs::read_symlink(place) : fs::path(),
                      fs::is_directory(status)});
 }
 

@@ -18,7 +18,7 @@ public:
     HiddenDirectory(std::filesystem::path directory, const char* mountOptions);
 
     /// Marks the entry of this directory in which the path lies, by its name and by where its links lead.
-    /// Does nothing for a path that lies elsewhere, or for the directory itself. Only before hide().
+    /// Does nothing for a path that lies elsewhere, for the directory itself, and for none. Only before hide().
     void keep(const std::filesystem::path& path);
 
     /// Replaces the directory.

@@ -110,6 +110,7 @@ void moveIn(const Request& request)
     for (HiddenDirectory& directory : hidden) {
         directory.keep(workingDirectory);
         directory.keep(fs::read_symlink("/proc/self/exe"));
+        directory.keep(preload);
         for (const std::string& path : request.keep)
             directory.keep(path);
     }

@@ -11,6 +11,7 @@ namespace
 constexpr std::uint8_t kSync1 = 0xB5;
 constexpr std::uint8_t kSync2 = 0x62;
 constexpr std::size_t kHeaderSize = 6;
+constexpr std::size_t kChecksumSize = 2;
 
 // No request is longer: 64 keys with eight-byte values take 772 bytes. A larger length field is noise, and waiting for
 // that many bytes would make the receiver deaf.
@@ -32,12 +33,14 @@ struct Checksum
 
 Bytes frame(std::uint16_t classId, const Bytes& payload)
 {
-    Bytes whole = {kSync1,
-                   kSync2,
-                   static_cast<std::uint8_t>(classId >> 8),
-                   static_cast<std::uint8_t>(classId & 0xFF),
-                   static_cast<std::uint8_t>(payload.size() & 0xFF),
-                   static_cast<std::uint8_t>((payload.size() >> 8) & 0xFF)};
+    Bytes whole;
+    whole.reserve(kHeaderSize + payload.size() + kChecksumSize);
+    whole = {kSync1,
+             kSync2,
+             static_cast<std::uint8_t>(classId >> 8),
+             static_cast<std::uint8_t>(classId & 0xFF),
+             static_cast<std::uint8_t>(payload.size() & 0xFF),
+             static_cast<std::uint8_t>((payload.size() >> 8) & 0xFF)};
     whole.insert(whole.end(), payload.begin(), payload.end());
 
     Checksum checksum;

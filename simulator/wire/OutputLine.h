@@ -21,8 +21,6 @@ struct Transmission
     /// 0: in one piece; otherwise in pieces of this many bytes, `gap` apart.
     std::size_t pieceSize = 0;
     std::chrono::microseconds gap{0};
-    /// False for bytes that are no receiver output (noise): a trace leaves them out.
-    bool traced = true;
 };
 
 /// The receiver's transmit line: bytes leave in order, at the line's pace or at once.
