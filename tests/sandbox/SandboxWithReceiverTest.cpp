@@ -114,30 +114,63 @@ TEST_F(SandboxWithReceiver, PassesSignalsOnToTheCommandOnly)
     }
 }
 
-TEST_F(SandboxWithReceiver, LeavesTheTerminalsInterruptToTheCommand)
+/// Runs a command with a receiver on a terminal of its own.
+class SandboxOnTerminal : public SandboxWithReceiver
 {
-    const int terminal = ::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
-    ::unlockpt(terminal);
-    std::array<char, 64> name{};
-    ::ptsname_r(terminal, name.data(), name.size());
-    ChildProcess running(withReceiver({"sh", "-c",
-                                       "trap 'echo interrupted' INT; trap 'echo ended; exit 3' TERM; echo ready; "
-                                       "while :; do sleep 0.02; done"}),
-                         [&name] {
-                             ::setsid();
-                             ::ioctl(::open(name.data(), O_RDWR), TIOCSCTTY, 0);
-                         });
+protected:
+    SandboxOnTerminal()
+    {
+        ::unlockpt(terminal_);
+        ::ptsname_r(terminal_, name_.data(), name_.size());
+    }
+    ~SandboxOnTerminal() override { ::close(terminal_); }
+
+    void becomeForeground() const
+    {
+        ::setsid();
+        ::ioctl(::open(name_.data(), O_RDWR), TIOCSCTTY, 0);
+    }
+
+    /// Returns when all in the foreground have been sent the signal, which is before the terminal shows "^C".
+    void typeInterrupt() const
+    {
+        ASSERT_EQ(::write(terminal_, "\x03", 1), 1);
+        std::array<char, 2> shown{};
+        ASSERT_EQ(::read(terminal_, shown.data(), shown.size()), 2);
+        ASSERT_EQ(std::string(shown.data(), 2), "^C");
+    }
+
+private:
+    int terminal_ = ::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
+    std::array<char, 64> name_{};
+};
+
+constexpr const char* kTellsSignals =
+    "trap 'echo interrupted' INT; trap 'echo ended; exit 3' TERM; echo ready; while :; do sleep 0.02; done";
+
+TEST_F(SandboxOnTerminal, LeavesTheInterruptToTheCommandAndKeepsTheReceiver)
+{
+    ChildProcess running(withReceiver({"sh", "-c", kTellsSignals}), [this] { becomeForeground(); });
     ASSERT_EQ(running.readLine(), "ready");
 
-    ASSERT_EQ(::write(terminal, "\x03", 1), 1);
+    typeInterrupt();
     EXPECT_EQ(running.readLine(), "interrupted");
     running.send(SIGTERM);
 
-    const Ended ended = running.wait();
-    ::close(terminal);
-    EXPECT_EQ(ended.output, "ended\n") << "interrupted once only";
-    EXPECT_EQ(ended.status, 3);
+    EXPECT_EQ(running.wait().status, 3);
     EXPECT_EQ(log(), "started with --link /dev/tty_gps\nended\n");
+}
+
+TEST_F(SandboxOnTerminal, DoesNotPassTheInterruptOnASecondTime)
+{
+    // A command that has left the terminal gets no more than what is passed on.
+    ChildProcess running(withReceiver({"setsid", "sh", "-c", kTellsSignals}), [this] { becomeForeground(); });
+    ASSERT_EQ(running.readLine(), "ready");
+
+    typeInterrupt();
+    running.send(SIGTERM);
+
+    EXPECT_EQ(running.wait().output, "ended\n");
 }
 
 TEST_F(SandboxWithReceiver, LeavesNothingRunningWhenItIsKilled)
