@@ -11,7 +11,6 @@ namespace
 constexpr std::uint8_t kSync1 = 0xB5;
 constexpr std::uint8_t kSync2 = 0x62;
 constexpr std::size_t kHeaderSize = 6;
-constexpr std::size_t kChecksumSize = 2;
 
 // No request is longer: 64 keys with eight-byte values take 772 bytes. A larger length field is noise, and waiting for
 // that many bytes would make the receiver deaf.
@@ -34,7 +33,7 @@ struct Checksum
 Bytes frame(std::uint16_t classId, const Bytes& payload)
 {
     Bytes whole;
-    whole.reserve(kHeaderSize + payload.size() + kChecksumSize);
+    whole.reserve(kFrameOverhead + payload.size());
     whole = {kSync1,
              kSync2,
              static_cast<std::uint8_t>(classId >> 8),
