@@ -48,7 +48,7 @@ int ubxController::parserGnssChipInfo(std::string& info)
     constexpr std::string_view kSeparator = ": ";
 
     std::size_t start = 0;
-    for (std::size_t end; (end = info.find(kSeparator, start)) != std::string::npos; start = end + kSeparator.size()) {
+    for (std::size_t end = info.find(kSeparator); end != std::string::npos; end = info.find(kSeparator, start)) {
         const std::string field = info.substr(start, end - start);
         if (isVersionValid(field)) {
             parts_->hardwareVersion = field;
@@ -59,6 +59,7 @@ int ubxController::parserGnssChipInfo(std::string& info)
         } else if (startsWith(field, "MOD")) {
             parts_->moduleName = field;
         }
+        start = end + kSeparator.size();
     }
     info.erase(0, start); // what follows the last separator stays, unread
 

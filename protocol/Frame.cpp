@@ -35,7 +35,7 @@ unsigned short ubxComputeChecksum(unsigned char* data, unsigned long length)
         unsigned short sum = 0;
         unsigned short weighted = 0;
         for (unsigned short i = 0; i < kBlock; ++i) {
-            const unsigned short weight = static_cast<unsigned short>(kBlock - i);
+            const auto weight = static_cast<unsigned short>(kBlock - i);
             sum = static_cast<unsigned short>(sum + data[i]);
             weighted = static_cast<unsigned short>(weighted + weight * data[i]);
         }

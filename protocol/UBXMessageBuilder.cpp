@@ -92,7 +92,7 @@ void UBXMessageBuilder::accept(const unsigned char* wholeFrame, unsigned long fr
     std::unique_ptr<UBXMessage> message{new UBXMessage(wholeFrame, frameLength)};
     const UBXMessageClassIdValues classId = message->getClassId();
     list_->AddMessage(message.get());
-    message.release();
+    static_cast<void>(message.release()); // the list's now, and only if it had room for it
 
     ++goodCount_;
     if (classId == UBX_ACK_ACK) ++ackCount_;

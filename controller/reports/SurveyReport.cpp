@@ -33,13 +33,13 @@ const Mode* findMode(const std::string& word)
 
 } // namespace
 
-int setSurveyMode(ReceiverLink& link, const std::string& word)
+int setSurveyMode(ReceiverLink& link, const std::string& mode)
 {
-    const Mode* const mode = findMode(word);
-    if (mode == nullptr) return refuseWord(link, word);
+    const Mode* const wanted = findMode(mode);
+    if (wanted == nullptr) return refuseWord(link, mode);
 
     Payload<cfgTmode2::size> payload;
-    payload.set(cfgTmode2::timeMode, mode->timeMode).set(cfgTmode2::flags, mode->flags);
+    payload.set(cfgTmode2::timeMode, wanted->timeMode).set(cfgTmode2::flags, wanted->flags);
 
     ubxIO port;
     if (const Reply pvt = link.poll(port, UBXMessage(UBX_NAV_PVT, 0, nullptr))) {

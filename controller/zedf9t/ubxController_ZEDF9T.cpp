@@ -18,7 +18,7 @@ namespace
 class LegacyModeGuard
 {
 public:
-    explicit LegacyModeGuard(bool& mode) : mode_(mode), saved_(mode) { mode_ = false; }
+    explicit LegacyModeGuard(bool& mode) : mode_(mode), saved_(std::exchange(mode, false)) {}
     LegacyModeGuard(const LegacyModeGuard&) = delete;
     LegacyModeGuard& operator=(const LegacyModeGuard&) = delete;
     ~LegacyModeGuard() { mode_ = saved_; }
