@@ -1,3 +1,4 @@
+#include "FlushLog.h"
 #include "NeoM8tTest.h"
 
 namespace
@@ -156,6 +157,21 @@ TEST_F(DynamicModel, AndFixModeHaveNoRange)
 
     expectFrames({frame("06 24", payload(36, {{0, "01 00 FF"}})), frame("06 24", payload(36, {{0, "05 00 FE FD"}})),
                   frame("06 24", payload(36, {{0, "04 00 00 FC"}}))});
+}
+
+TEST_F(DynamicModel, AndFixModeOpenThePortOnceMoreThanTheyUseIt)
+{
+    const auto opened = [](auto operation) {
+        flushlog::clear();
+        operation();
+        return flushlog::asked().size();
+    };
+
+    EXPECT_EQ(opened([&] { controller.setDynamicModel(2); }), 2U);
+    EXPECT_EQ(opened([&] { controller.setDynamicModel(2, 3); }), 2U);
+    EXPECT_EQ(opened([&] { controller.setFixMode(3); }), 2U);
+    EXPECT_EQ(opened([&] { controller.setElevationLimit(10); }), 1U);
+    EXPECT_EQ(opened([&] { controller.setUtcStandardAuto(); }), 1U);
 }
 
 TEST_F(UtcStandard, AutomaticIsSent)

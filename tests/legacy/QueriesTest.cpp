@@ -3,6 +3,7 @@
 #include <functional>
 #include <ostream>
 
+#include "Files.h"
 #include "NeoM8tTest.h"
 
 namespace
@@ -34,6 +35,7 @@ struct Query
 {
     const char* name;
     int (*run)(ubxController_NEOM8T& controller, Outputs& out);
+    std::uint16_t classId;
     const char* poll;
     const char* description;
     Outputs afterFailure;
@@ -61,55 +63,65 @@ Outputs withLevel(signed char level)
 const Query kQueries[] = {
     {"AntennaDelay",
      [](auto& c, auto& out) { return c.getAntennaDelay(out.delay); },
+     0x0631,
      "B5 62 06 31 00 00 37 AB",
      "06 31: Poll Time Pulse Parameters for Time Pulse 0",
      {}},
     {"AntennaType",
      [](auto& c, auto& out) { return c.getAntennaType(out.text); },
+     0x0639,
      "B5 62 06 39 00 00 3F C3",
      "06 39: Jamming/Interference Monitor configuration",
      {}},
-    {"GnssSystem", [](auto& c, auto& out) { return c.getGnssSystem(out.mask); }, "B5 62 06 3E 00 00 44 D2",
+    {"GnssSystem", [](auto& c, auto& out) { return c.getGnssSystem(out.mask); }, 0x063E, "B5 62 06 3E 00 00 44 D2",
      "06 3E: GNSS system configuration", withMask(0)},
     {"JammingDetection",
      [](auto& c, auto& out) { return c.getJammingDetection(out.flag); },
+     0x0639,
      "B5 62 06 39 00 00 3F C3",
      "06 39: Jamming/Interference Monitor configuration",
      {}},
     {"SurveyMode",
      [](auto& c, auto& out) { return c.getSurveyMode(out.text); },
+     0x063D,
      "B5 62 06 3D 00 00 43 CF",
      "06 3D: Time Mode Settings 2",
      {}},
     {"NofSatellitesInNavSol",
      [](auto& c, auto& out) { return c.getNofSatellitesInNavSol(out.count); },
+     0x0107,
      "B5 62 01 07 00 00 08 19",
      "01 07: Navigation Position Velocity Time Solution",
      {}},
-    {"MinCNo", [](auto& c, auto& out) { return c.getMinCNo(out.level); }, "B5 62 06 23 00 00 29 81",
+    {"MinCNo", [](auto& c, auto& out) { return c.getMinCNo(out.level); }, 0x0623, "B5 62 06 23 00 00 29 81",
      "06 23: Navigation Engine Expert Settings", withLevel(0)},
     {"ElevationLimit",
      [](auto& c, auto& out) { return c.getElevationLimit(out.count); },
+     0x0624,
      "B5 62 06 24 00 00 2A 84",
      "06 24: Navigation Engine Settings",
      {}},
     {"DynamicModel",
      [](auto& c, auto& out) { return c.getDynamicModel(out.count, out.second); },
+     0x0624,
      "B5 62 06 24 00 00 2A 84",
      "06 24: Navigation Engine Settings",
      {}},
     {"TimeReference",
      [](auto& c, auto& out) { return c.getTimeReference(out.text); },
+     0x0608,
      "B5 62 06 08 00 00 0E 30",
      "06 08: Navigation/Measurement Rate Settings",
      {}},
     {"RxMode",
      [](auto& c, auto& out) { return c.getRxMode(out.text); },
+     0x0611,
      "B5 62 06 11 00 00 17 4B",
      "06 11: RXM Configuration",
      {}},
     {"On",
      [](auto& c, auto& out) { return c.isOn(out.flag); },
+     0x0631,
      "B5 62 06 31 01 00 01 39 E6",
      "06 31: Poll Time Pulse Parameters",
      {}},
@@ -153,6 +165,28 @@ TEST_P(EveryQuery, WithoutADeviceReturns8LogsOneLineAndLeavesTheOutputAlone)
 
     EXPECT_EQ(errors(), Lines{std::string("Could not send : ") + GetParam().description});
     EXPECT_TRUE(out == GetParam().afterFailure);
+}
+
+TEST_P(EveryQuery, WaitsForFiveSeconds)
+{
+    int status = 0;
+
+    expectWait(std::chrono::seconds(5), GetParam().classId, [&] { status = GetParam().run(controller, out); });
+
+    EXPECT_EQ(status, 4);
+}
+
+TEST_P(EveryQuery, LeavesNoDescriptorOpen)
+{
+    takeFrames();
+    const std::size_t before = testsupport::openDescriptors();
+
+    GetParam().run(controller, out);
+    whenSilent([&] { return GetParam().run(controller, out); });
+    takeDeviceAway();
+    GetParam().run(controller, out);
+
+    EXPECT_EQ(testsupport::openDescriptors(), before);
 }
 
 TEST_P(EveryQuery, WorksAgainAfterADeviceThatWasAway)

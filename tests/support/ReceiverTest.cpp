@@ -1,13 +1,16 @@
 #include "ReceiverTest.h"
 
 #include <filesystem>
+#include <future>
 #include <regex>
 #include <sstream>
+#include <thread>
 #include <utility>
 
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "CapturedOutput.h"
 #include "Files.h"
 
 namespace testsupport
@@ -130,6 +133,31 @@ void ReceiverTest::silence()
 {
     for (const std::uint16_t classId : kMessages)
         receiver().ignore(classId);
+}
+
+void ReceiverTest::expectWait(std::chrono::seconds limit, std::uint16_t classId, const std::function<void()>& operation)
+{
+    using namespace std::chrono_literals;
+    receiver().corruptChecksum(classId); // makes the wait say in every round that it goes on to its limit
+    const CapturedOutput standardError(STDERR_FILENO);
+    const auto said = [&] { return standardError.text().size(); };
+    const testclock::FastClock standing(0);
+    const std::future<void> ended = std::async(std::launch::async, operation);
+    const auto hasEnded = [&](std::chrono::seconds patience) {
+        return ended.wait_for(patience) == std::future_status::ready;
+    };
+    const auto goOn = [&](std::size_t until) {
+        while (said() < until && !hasEnded(0s))
+            std::this_thread::yield();
+    };
+
+    goOn(1);
+    testclock::jump(limit - 1s);
+    goOn(said() + 1000);
+    EXPECT_FALSE(hasEnded(0s)) << "it ended before " << limit.count() << " s";
+    testclock::jump(1s);
+    EXPECT_TRUE(hasEnded(10s)) << "it did not end after " << limit.count() << " s";
+    testclock::jump(1h);
 }
 
 std::vector<std::string> ReceiverTest::log(const std::string& path)

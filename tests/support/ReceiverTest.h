@@ -1,6 +1,8 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -57,6 +59,9 @@ protected:
         const testclock::FastClock clock(50);
         return operation();
     }
+
+    /// The operation, which makes one poll of this class/id, waits for so many seconds by time() and no longer.
+    void expectWait(std::chrono::seconds limit, std::uint16_t classId, const std::function<void()>& operation);
 
     /// The texts of an error log, without their time stamps. A line that does not begin with a time stamp and two
     /// blanks is given whole.
