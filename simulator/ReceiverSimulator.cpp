@@ -30,10 +30,7 @@ Event eventOf(EventKind kind)
 class Access
 {
 public:
-    explicit Access(SimulatedDevice& device)
-        : device_(device)
-        , lock_(device.runner().mutex())
-    {}
+    explicit Access(SimulatedDevice& device) : device_(device), lock_(device.runner().mutex()) {}
     ~Access()
     {
         lock_.unlock();
@@ -52,9 +49,7 @@ private:
 
 } // namespace
 
-ReceiverSimulator::ReceiverSimulator(SimulatorOptions options)
-    : device_(std::make_unique<SimulatedDevice>(options))
-{}
+ReceiverSimulator::ReceiverSimulator(SimulatorOptions options) : device_(std::make_unique<SimulatedDevice>(options)) {}
 
 ReceiverSimulator::~ReceiverSimulator() = default;
 
@@ -192,7 +187,9 @@ void ReceiverSimulator::stopReading(bool stop)
 
 void ReceiverSimulator::happen(const Event& event)
 {
-    Access(*device_)->happen(event);
+    Access device(*device_);
+    device->happen(event);
+    device->runner().waitForTurn(device.lock());
 }
 
 void ReceiverSimulator::schedule(Action action)

@@ -56,8 +56,7 @@ public:
     std::vector<Bytes> receivedFrames() const;
     /// Empty when there is none.
     Bytes received(std::size_t index) const;
-    bool waitForFrames(std::size_t atLeast,
-                       std::chrono::milliseconds limit = std::chrono::milliseconds(2000)) const;
+    bool waitForFrames(std::size_t atLeast, std::chrono::milliseconds limit = std::chrono::milliseconds(2000)) const;
     void clearReceived();
     /// Bytes that belonged to no good frame.
     std::size_t strayBytes() const;

@@ -47,16 +47,14 @@ ReceiverSetup setupOf(const SimulatorOptions& options)
 } // namespace
 
 SimulatedDevice::SimulatedDevice(const SimulatorOptions& options)
-    : options_(options)
-    , scale_(options.timeScale * 1e6 / static_cast<double>(options.epoch.count()))
-    , receiver_(setupOf(options))
-    , runner_(*this)
+    : options_(options),
+      scale_(options.timeScale * 1e6 / static_cast<double>(options.epoch.count())),
+      receiver_(setupOf(options)),
+      runner_(*this)
 {
     if (!options_.traceFile.empty()) {
         trace_.emplace(options_.traceFile);
-        runner_.output().onSent = [this](const Transmission& sent) {
-            trace(TraceDirection::fromReceiver, sent.bytes);
-        };
+        runner_.output().onSent = [this](const Transmission& sent) { trace(TraceDirection::fromReceiver, sent.bytes); };
     }
     followReset();
     runner_.start();
@@ -127,21 +125,51 @@ void SimulatedDevice::happen(const Event& event)
     const WallTime now = WallClock::now();
     Reception reception = receiver_.navigator().reception();
     switch (event.kind) {
-    case EventKind::say: say(event.bytes, now); break;
-    case EventKind::hangUp: runner_.hangUp(); break;
-    case EventKind::comeBack: runner_.comeBack(); break;
-    case EventKind::stopReading: runner_.stopReading(true); break;
-    case EventKind::resumeReading: runner_.stopReading(false); break;
-    case EventKind::restart: receiver_.restart(); break;
-    case EventKind::losePower: receiver_.losePower(true); break;
-    case EventKind::losePowerAndBattery: receiver_.losePower(false); break;
-    case EventKind::jamming: reception.jammed = event.on; break;
-    case EventKind::satellites: reception.noSatellites = !event.on; break;
-    case EventKind::antenna: reception.antenna = event.antenna; break;
-    case EventKind::hopelessSurvey: receiver_.navigator().setSurveyHopeless(event.on); break;
-    case EventKind::leapSecond: receiver_.navigator().approachLeapSecond(simTimeOf(now)); break;
-    case EventKind::weekRollover: receiver_.navigator().approachWeekRollover(simTimeOf(now)); break;
-    case EventKind::clearFaults: script_.clear(); break;
+    case EventKind::say:
+        say(event.bytes, now);
+        break;
+    case EventKind::hangUp:
+        runner_.hangUp();
+        break;
+    case EventKind::comeBack:
+        runner_.comeBack();
+        break;
+    case EventKind::stopReading:
+        runner_.stopReading(true);
+        break;
+    case EventKind::resumeReading:
+        runner_.stopReading(false);
+        break;
+    case EventKind::restart:
+        receiver_.restart();
+        break;
+    case EventKind::losePower:
+        receiver_.losePower(true);
+        break;
+    case EventKind::losePowerAndBattery:
+        receiver_.losePower(false);
+        break;
+    case EventKind::jamming:
+        reception.jammed = event.on;
+        break;
+    case EventKind::satellites:
+        reception.noSatellites = !event.on;
+        break;
+    case EventKind::antenna:
+        reception.antenna = event.antenna;
+        break;
+    case EventKind::hopelessSurvey:
+        receiver_.navigator().setSurveyHopeless(event.on);
+        break;
+    case EventKind::leapSecond:
+        receiver_.navigator().approachLeapSecond(simTimeOf(now));
+        break;
+    case EventKind::weekRollover:
+        receiver_.navigator().approachWeekRollover(simTimeOf(now));
+        break;
+    case EventKind::clearFaults:
+        script_.clear();
+        break;
     }
     receiver_.setReception(reception);
     followReset();
@@ -218,8 +246,8 @@ void SimulatedDevice::handle(const Frame& request, WallTime now)
     enqueuePeriodic(receiver_.advanceTo(simTimeOf(now)), now);
 
     // Real receivers never acknowledge CFG-RST, so a scripted answer to it is the answer.
-    const bool isPoll = request.classId >> 8 != kConfigurationClass || Configuration::isPoll(request) ||
-                        request.classId == kCfgRst;
+    const bool isPoll =
+        request.classId >> 8 != kConfigurationClass || Configuration::isPoll(request) || request.classId == kCfgRst;
     const auto outcome = script_.takeOutcome(request.classId, isPoll);
     if (outcome && outcome->kind == FaultKind::answerRaw) {
         Delivery delivery = prepare(request.classId, {}, script_.takeDelivery(request.classId, isPoll), {});
@@ -239,17 +267,26 @@ void SimulatedDevice::handle(const Frame& request, WallTime now)
 Answer SimulatedDevice::scripted(const Fault& fault, const Frame& request)
 {
     switch (fault.kind) {
-    case FaultKind::refuse: return Answer::refused();
-    case FaultKind::keepValue: return Answer::acked();
+    case FaultKind::refuse:
+        return Answer::refused();
+    case FaultKind::keepValue:
+        return Answer::acked();
     case FaultKind::answerWith: {
         const bool acknowledged = request.classId >> 8 == kConfigurationClass && request.classId != kCfgRst;
         const Frame reply{request.classId, fault.bytes};
         return acknowledged ? Answer::acked(reply) : Answer::only(reply);
     }
-    case FaultKind::losePower: receiver_.configuration().losePowerInNextSave(); return receiver_.handle(request);
-    case FaultKind::hangUp: runner_.hangUp(); return Answer::silence();
-    case FaultKind::restart: receiver_.restart(); return Answer::silence();
-    default: return Answer::silence();
+    case FaultKind::losePower:
+        receiver_.configuration().losePowerInNextSave();
+        return receiver_.handle(request);
+    case FaultKind::hangUp:
+        runner_.hangUp();
+        return Answer::silence();
+    case FaultKind::restart:
+        receiver_.restart();
+        return Answer::silence();
+    default:
+        return Answer::silence();
     }
 }
 

@@ -9,21 +9,22 @@
 namespace ubxsim
 {
 
-enum class EventKind {
-    say,               // `bytes` appear on the line
-    hangUp,            // the device goes away
-    comeBack,          // and returns
-    stopReading,       // the host's writes meet a full line
+enum class EventKind
+{
+    say,         // `bytes` appear on the line
+    hangUp,      // the device goes away
+    comeBack,    // and returns
+    stopReading, // the host's writes meet a full line
     resumeReading,
-    restart,           // the receiver restarts by itself
-    losePower,         // and has kept its battery-backed memory
+    restart,   // the receiver restarts by itself
+    losePower, // and has kept its battery-backed memory
     losePowerAndBattery,
-    jamming,           // on or off
-    satellites,        // on or off
+    jamming,    // on or off
+    satellites, // on or off
     antenna,
-    hopelessSurvey,    // on or off
-    leapSecond,        // ten seconds from now
-    weekRollover,      // ten seconds from now
+    hopelessSurvey, // on or off
+    leapSecond,     // ten seconds from now
+    weekRollover,   // ten seconds from now
     clearFaults,
 };
 

@@ -16,7 +16,14 @@ namespace
 
 using Words = std::deque<std::string>;
 
-enum class Argument { none, size, delay, sizeAndDelay, bytes };
+enum class Argument
+{
+    none,
+    size,
+    delay,
+    sizeAndDelay,
+    bytes
+};
 
 struct FaultWord
 {
@@ -36,10 +43,12 @@ constexpr FaultWord kFaultWords[] = {
     {"late", FaultKind::late, Argument::delay, "late MSG TIME", "the answer comes so much later"},
     {"twice", FaultKind::twice, Argument::none, "twice MSG", "the answer comes twice"},
     {"out-of-order", FaultKind::outOfOrder, Argument::none, "out-of-order MSG", "the next answer comes first"},
-    {"pieces", FaultKind::pieces, Argument::sizeAndDelay, "pieces MSG SIZE TIME", "in pieces of SIZE bytes, TIME apart"},
+    {"pieces", FaultKind::pieces, Argument::sizeAndDelay, "pieces MSG SIZE TIME",
+     "in pieces of SIZE bytes, TIME apart"},
     {"checksum", FaultKind::checksum, Argument::none, "checksum MSG", "wrong checksum"},
     {"truncate", FaultKind::truncate, Argument::size, "truncate MSG SIZE", "the frame ends after SIZE bytes"},
-    {"wrong-length", FaultKind::wrongLength, Argument::size, "wrong-length MSG SIZE", "the length field is SIZE too large"},
+    {"wrong-length", FaultKind::wrongLength, Argument::size, "wrong-length MSG SIZE",
+     "the length field is SIZE too large"},
     {"precede", FaultKind::precede, Argument::bytes, "precede MSG BYTES", "these bytes come before the answer"},
     {"power-loss", FaultKind::losePower, Argument::none, "power-loss MSG", "the supply fails in the middle of a save"},
     {"hang-up", FaultKind::hangUp, Argument::none, "hang-up MSG", "the device goes away instead of answering"},
@@ -195,14 +204,21 @@ Fault readFault(const FaultWord& row, Words words)
     readSuffixes(words, fault);
     fault.classId = message(take(words, "the message"));
     switch (row.argument) {
-    case Argument::none: break;
-    case Argument::size: fault.size = number(take(words, "the size"), kMostBytes); break;
-    case Argument::delay: fault.delay = duration(take(words, "the time")); break;
+    case Argument::none:
+        break;
+    case Argument::size:
+        fault.size = number(take(words, "the size"), kMostBytes);
+        break;
+    case Argument::delay:
+        fault.delay = duration(take(words, "the time"));
+        break;
     case Argument::sizeAndDelay:
         fault.size = number(take(words, "the size"), kMostBytes);
         fault.delay = duration(take(words, "the time"));
         break;
-    case Argument::bytes: fault.bytes = bytes(words); break;
+    case Argument::bytes:
+        fault.bytes = bytes(words);
+        break;
     }
     if (!words.empty()) {
         throw std::invalid_argument("\"" + words.front() + "\" is one word too many; it is: " + row.usage +
@@ -308,7 +324,8 @@ std::string actionHelp()
     for (const FaultWord& fault : kFaultWords) {
         row(fault.usage, fault.meaning);
     }
-    text << "\n  MSG is a name (CFG-NAVX5), four digits (0623) or * for every message. At the end \"polls\" or \"sets\"\n"
+    text << "\n  MSG is a name (CFG-NAVX5), four digits (0623) or * for every message. At the end \"polls\" or "
+            "\"sets\"\n"
             "  restricts a fault to these, and xN has it happen N times; without, it happens for ever.\n"
             "  BYTES: hexadecimal (B5 62 ...), nmea N, noise N, false-sync N, or frame MSG HEX for a good frame.\n"
             "\nEvents:\n";

@@ -76,7 +76,8 @@ Delivery prepare(std::uint16_t classId, const Answer& answer, const std::vector<
         delivery.transmissions.push_back({trailer});
     }
     if (const Fault* pieces = find(faults, FaultKind::pieces)) {
-        delivery.transmissions = {{joined(delivery.transmissions), std::max<std::size_t>(1, pieces->size), pieces->delay}};
+        delivery.transmissions = {
+            {joined(delivery.transmissions), std::max<std::size_t>(1, pieces->size), pieces->delay}};
     }
     if (const Fault* late = find(faults, FaultKind::late)) {
         delivery.delay = late->delay;

@@ -23,9 +23,12 @@ bool concerns(const Fault& fault, std::uint16_t classId, bool isPoll)
 bool canHappen(const Fault& fault, bool isPoll)
 {
     switch (fault.kind) {
-    case FaultKind::keepValue: return !isPoll;
-    case FaultKind::answerWith: return isPoll;
-    default: return true;
+    case FaultKind::keepValue:
+        return !isPoll;
+    case FaultKind::answerWith:
+        return isPoll;
+    default:
+        return true;
     }
 }
 

@@ -9,7 +9,8 @@
 namespace ubxsim
 {
 
-enum class FaultKind {
+enum class FaultKind
+{
     // What becomes of the request. At most one of these counts per request.
     ignore,     // neither applied nor answered
     refuse,     // not applied, ACK-NAK
@@ -30,7 +31,12 @@ enum class FaultKind {
     pieces,      // the answer comes in pieces of `size` bytes, `delay` apart
 };
 
-enum class RequestKind { any, poll, set };
+enum class RequestKind
+{
+    any,
+    poll,
+    set
+};
 
 inline constexpr std::uint16_t kEveryMessage = 0;
 

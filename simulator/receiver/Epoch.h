@@ -6,7 +6,13 @@
 namespace ubxsim
 {
 
-enum class FixType : std::uint8_t { none = 0, twoD = 2, threeD = 3, timeOnly = 5 };
+enum class FixType : std::uint8_t
+{
+    none = 0,
+    twoD = 2,
+    threeD = 3,
+    timeOnly = 5
+};
 
 /// Leap seconds as the receiver knows them.
 struct LeapSeconds
@@ -31,8 +37,8 @@ struct Epoch
     FixType fix = FixType::none;
     Geodetic position;
     Ecef ecef;
-    double horizontalAccuracy = 0; // m
-    double verticalAccuracy = 0;   // m
+    double horizontalAccuracy = 0;  // m
+    double verticalAccuracy = 0;    // m
     std::uint32_t timeAccuracy = 0; // ns
 
     std::vector<Satellite> satellites;

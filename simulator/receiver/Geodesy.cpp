@@ -44,8 +44,8 @@ Geodetic toGeodetic(const Ecef& position)
     }
     const double sine = std::sin(latitude);
     const double cosine = std::cos(latitude);
-    const double height = acrossAxis * cosine + position.z * sine -
-                          kSemiMajorAxis * std::sqrt(1.0 - kEccentricitySquared * sine * sine);
+    const double height =
+        acrossAxis * cosine + position.z * sine - kSemiMajorAxis * std::sqrt(1.0 - kEccentricitySquared * sine * sine);
     return {latitude * kDegreesPerRadian, std::atan2(position.y, position.x) * kDegreesPerRadian, height};
 }
 

@@ -25,9 +25,12 @@ constexpr std::uint8_t kAntennaPowerOn = 1;
 std::uint8_t antennaStatus(const Epoch& epoch)
 {
     switch (epoch.reception.antenna) {
-    case AntennaState::shorted: return kAntennaShort;
-    case AntennaState::open: return kAntennaOpen;
-    case AntennaState::ok: break;
+    case AntennaState::shorted:
+        return kAntennaShort;
+    case AntennaState::open:
+        return kAntennaOpen;
+    case AntennaState::ok:
+        break;
     }
     return kAntennaOk;
 }

@@ -11,7 +11,7 @@ namespace ubxsim
 namespace
 {
 
-constexpr std::uint16_t kNoDop = 9999; // 99.99
+constexpr std::uint16_t kNoDop = 9999;     // 99.99
 constexpr double kGeoidSeparation = -31.0; // metres, near the default position
 
 template <typename Integer>

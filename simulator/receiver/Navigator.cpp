@@ -30,10 +30,7 @@ double signedValue(std::uint64_t value)
 } // namespace
 
 Navigator::Navigator(const ModelProfile& profile, const SettingsStore& store, const Geodetic& truth, GpsTime start)
-    : profile_(profile)
-    , store_(store)
-    , truth_(truth)
-    , start_(start)
+    : profile_(profile), store_(store), truth_(truth), start_(start)
 {
     compute(SimTime::zero());
 }
@@ -154,7 +151,8 @@ Geodetic Navigator::fixedPosition() const
         return toGeodetic(survey_.mean());
     }
     if (store_.get(key::tmodePosType) != 0) {
-        return {signedValue(store_.get(key::tmodeLat)) / kAngleUnits, signedValue(store_.get(key::tmodeLon)) / kAngleUnits,
+        return {signedValue(store_.get(key::tmodeLat)) / kAngleUnits,
+                signedValue(store_.get(key::tmodeLon)) / kAngleUnits,
                 signedValue(store_.get(key::tmodeHeight)) / kCentimetres};
     }
     return toGeodetic({signedValue(store_.get(key::tmodeEcefX)) / kCentimetres,
@@ -196,8 +194,7 @@ const Epoch& Navigator::compute(SimTime now)
     epoch_.time = resolveWeek(clockAt(now));
     epoch_.leap = leapSecondsAt(clockAt(now));
     epoch_.utc = utcTimeOf(epoch_.time, epoch_.leap.current - (epoch_.leap.happening ? 1 : 0), epoch_.leap.happening);
-    epoch_.sinceStart =
-        static_cast<std::uint32_t>(std::chrono::duration_cast<std::chrono::milliseconds>(now).count());
+    epoch_.sinceStart = static_cast<std::uint32_t>(std::chrono::duration_cast<std::chrono::milliseconds>(now).count());
     epoch_.timeToFirstFix = static_cast<std::uint32_t>(
         std::chrono::duration_cast<std::chrono::milliseconds>(fixAt_ - acquiringSince_).count());
     epoch_.reception = reception_;

@@ -26,7 +26,7 @@ struct System
 };
 
 // SBAS and QZSS go with GPS.
-constexpr System kSystems[] = {{0, "GP", 1, 0, 0},   {6, "GL", 2, 64, 64}, {2, "GA", 3, 300, 0},
+constexpr System kSystems[] = {{0, "GP", 1, 0, 0},   {6, "GL", 2, 64, 64},   {2, "GA", 3, 300, 0},
                                {3, "GB", 4, 400, 0}, {1, "GP", 1, -87, -87}, {5, "GP", 1, 192, 192}};
 
 const System* systemOf(std::uint8_t gnssId)

@@ -36,10 +36,10 @@ Key infoKey(Port port)
 } // namespace
 
 Receiver::Receiver(ReceiverSetup setup)
-    : setup_(std::move(setup))
-    , configuration_(setup_.profile, setup_.port, setup_.quiet)
-    , navigator_(setup_.profile, configuration_.store(), setup_.position, setup_.start)
-    , knownGnss_(gnssSettings())
+    : setup_(std::move(setup)),
+      configuration_(setup_.profile, setup_.port, setup_.quiet),
+      navigator_(setup_.profile, configuration_.store(), setup_.position, setup_.start),
+      knownGnss_(gnssSettings())
 {
     if (setup_.coldStart) {
         navigator_.acquire(now_, kColdFix);
@@ -147,8 +147,12 @@ Answer Receiver::handleReset(const Bytes& payload)
     switch (payload[2]) {
     case kHardwareReset:
     case kSoftwareReset:
-    case kHardwareResetAfterShutdown: boot(ephemerisLost_); break;
-    case kGnssStop: navigator_.stop(); break;
+    case kHardwareResetAfterShutdown:
+        boot(ephemerisLost_);
+        break;
+    case kGnssStop:
+        navigator_.stop();
+        break;
     case kGnssReset:
         navigator_.acquire(now_, timeToFix);
         ephemerisLost_ = false;
@@ -159,7 +163,8 @@ Answer Receiver::handleReset(const Bytes& payload)
             ephemerisLost_ = false;
         }
         break;
-    default: return Answer::refused();
+    default:
+        return Answer::refused();
     }
     navigator_.compute(now_);
     return Answer::silence();

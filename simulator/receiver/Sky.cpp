@@ -23,17 +23,17 @@ struct Orbit
 };
 
 constexpr Orbit kOrbits[] = {
-    {0, 2, 24, 310, 4.0},  {0, 8, 37, 282, -3.5},  {0, 10, 73, 11, 2.0},   {0, 18, 19, 128, 4.5},
-    {0, 23, 36, 68, -3.0}, {0, 24, 22, 60, 3.5},   {0, 27, 41, 236, 4.0},  {0, 28, 3, 165, 4.0},
-    {0, 32, 62, 186, -4.0}, {0, 15, 52, 330, 3.0}, {0, 29, 13, 96, -2.5},  {0, 5, -6, 205, 4.0},
-    {1, 129, 48, 12, 0},   {1, 137, 44, 35, 0},    {1, 127, 31, 290, 0},
-    {2, 4, 46, 57, 4.0},   {2, 5, 19, 203, -3.0},  {2, 6, 66, 93, 2.5},    {2, 9, 65, 161, -3.0},
-    {2, 10, 24, 121, 3.5}, {2, 11, 52, 116, 3.0},  {2, 36, 72, 322, -2.0}, {2, 12, 4, 123, 3.0},
-    {3, 3, 58, 18, 0},     {3, 11, 68, 271, 3.0},  {3, 12, 42, 166, -3.0}, {3, 21, 74, 40, 2.0},
-    {3, 22, 21, 54, 3.5},  {3, 34, 63, 203, -3.5}, {3, 42, 50, 242, 3.0},  {3, 44, 18, 158, 4.0},
-    {5, 1, 61, 352, 1.5},  {5, 2, 35, 20, -1.5},   {5, 3, 58, 14, 0},
-    {6, 1, 58, 214, 4.5},  {6, 2, 34, 305, -4.0},  {6, 8, 27, 160, 4.0},   {6, 9, 16, 82, -3.5},
-    {6, 10, 49, 44, 3.0},  {6, 17, 71, 130, -2.5}, {6, 18, 44, 190, 4.0},  {6, 24, 12, 341, 4.0},
+    {0, 2, 24, 310, 4.0},   {0, 8, 37, 282, -3.5},  {0, 10, 73, 11, 2.0},  {0, 18, 19, 128, 4.5},
+    {0, 23, 36, 68, -3.0},  {0, 24, 22, 60, 3.5},   {0, 27, 41, 236, 4.0}, {0, 28, 3, 165, 4.0},
+    {0, 32, 62, 186, -4.0}, {0, 15, 52, 330, 3.0},  {0, 29, 13, 96, -2.5}, {0, 5, -6, 205, 4.0},
+    {1, 129, 48, 12, 0},    {1, 137, 44, 35, 0},    {1, 127, 31, 290, 0},  {2, 4, 46, 57, 4.0},
+    {2, 5, 19, 203, -3.0},  {2, 6, 66, 93, 2.5},    {2, 9, 65, 161, -3.0}, {2, 10, 24, 121, 3.5},
+    {2, 11, 52, 116, 3.0},  {2, 36, 72, 322, -2.0}, {2, 12, 4, 123, 3.0},  {3, 3, 58, 18, 0},
+    {3, 11, 68, 271, 3.0},  {3, 12, 42, 166, -3.0}, {3, 21, 74, 40, 2.0},  {3, 22, 21, 54, 3.5},
+    {3, 34, 63, 203, -3.5}, {3, 42, 50, 242, 3.0},  {3, 44, 18, 158, 4.0}, {5, 1, 61, 352, 1.5},
+    {5, 2, 35, 20, -1.5},   {5, 3, 58, 14, 0},      {6, 1, 58, 214, 4.5},  {6, 2, 34, 305, -4.0},
+    {6, 8, 27, 160, 4.0},   {6, 9, 16, 82, -3.5},   {6, 10, 49, 44, 3.0},  {6, 17, 71, 130, -2.5},
+    {6, 18, 44, 190, 4.0},  {6, 24, 12, 341, 4.0},
 };
 
 /// A signal: its key, its number in UBX and NMEA, and how much weaker it comes in than the first.
@@ -47,18 +47,17 @@ struct SignalRow
 };
 
 constexpr SignalRow kSignals[] = {
-    {0, key::gpsL1ca, 0, 1, 0},  {0, key::gpsL2c, 3, 6, 6},   {0, key::gpsL5, 6, 8, 4},
-    {1, key::sbasL1ca, 0, 1, 0},
-    {2, key::galE1, 0, 7, 0},    {2, key::galE5a, 3, 1, 4},   {2, key::galE5b, 5, 2, 3},
-    {3, key::bdsB1, 0, 1, 0},    {3, key::bdsB2, 2, 11, 4},   {3, key::bdsB1c, 5, 3, 2}, {3, key::bdsB2a, 7, 5, 3},
-    {5, key::qzssL1ca, 0, 1, 0}, {5, key::qzssL1s, 1, 4, 2},  {5, key::qzssL2c, 5, 6, 6}, {5, key::qzssL5, 8, 8, 4},
-    {6, key::gloL1, 0, 1, 0},    {6, key::gloL2, 2, 3, 5},
+    {0, key::gpsL1ca, 0, 1, 0}, {0, key::gpsL2c, 3, 6, 6},  {0, key::gpsL5, 6, 8, 4},  {1, key::sbasL1ca, 0, 1, 0},
+    {2, key::galE1, 0, 7, 0},   {2, key::galE5a, 3, 1, 4},  {2, key::galE5b, 5, 2, 3}, {3, key::bdsB1, 0, 1, 0},
+    {3, key::bdsB2, 2, 3, 4},   {3, key::bdsB1c, 5, 3, 2},  {3, key::bdsB2a, 7, 5, 3}, {5, key::qzssL1ca, 0, 1, 0},
+    {5, key::qzssL1s, 1, 4, 2}, {5, key::qzssL2c, 5, 6, 6}, {5, key::qzssL5, 8, 8, 4}, {6, key::gloL1, 0, 1, 0},
+    {6, key::gloL2, 2, 3, 5},
 };
 
 constexpr double kLowest = -20.0;
 constexpr double kHighest = 86.0;
 constexpr double kDegreesPerRadian = 57.29577951308232;
-constexpr int kJammingLoss = 22; // dB
+constexpr int kJammingLoss = 38; // dB
 
 // To and fro between the limits.
 double elevationAt(const Orbit& orbit, double seconds)
@@ -84,11 +83,23 @@ int jitter(const Orbit& orbit, std::int64_t second, int range)
     return static_cast<int>((value >> 33) % static_cast<std::uint64_t>(2 * range + 1)) - range;
 }
 
-std::vector<Signal> receivedSignals(const SettingsStore& store, const Orbit& orbit, int cno)
+// The signals that the receiver looks for. Asked for once per epoch: the store is searched by key.
+std::vector<SignalRow> enabledSignals(const SettingsStore& store)
+{
+    std::vector<SignalRow> enabled;
+    for (const SignalRow& row : kSignals) {
+        if (store.get(row.key) != 0 && store.get(gnssBlocks()[row.gnssId].enable) != 0) {
+            enabled.push_back(row);
+        }
+    }
+    return enabled;
+}
+
+std::vector<Signal> receivedSignals(const std::vector<SignalRow>& enabled, const Orbit& orbit, int cno)
 {
     std::vector<Signal> signals;
-    for (const SignalRow& row : kSignals) {
-        if (row.gnssId == orbit.gnssId && store.get(row.key) != 0) {
+    for (const SignalRow& row : enabled) {
+        if (row.gnssId == orbit.gnssId) {
             const int level = std::max(0, cno - row.weaker);
             signals.push_back({row.sigId, row.nmeaId, static_cast<std::uint8_t>(level < 8 ? 0 : level)});
         }
@@ -132,9 +143,12 @@ std::vector<Satellite> satellitesInView(const ModelProfile& profile, const Setti
     if (reception.isDeaf()) {
         return satellites;
     }
+    const std::vector<SignalRow> signals = enabledSignals(store);
     for (const Orbit& orbit : kOrbits) {
         const double elevation = elevationAt(orbit, seconds);
-        if (elevation < 0 || store.get(gnssBlocks()[orbit.gnssId].enable) == 0) {
+        const bool lookedFor = std::any_of(signals.begin(), signals.end(),
+                                           [&](const SignalRow& row) { return row.gnssId == orbit.gnssId; });
+        if (elevation < 0 || !lookedFor) {
             continue;
         }
         Satellite satellite;
@@ -145,12 +159,12 @@ std::vector<Satellite> satellitesInView(const ModelProfile& profile, const Setti
         satellite.residual = static_cast<std::int16_t>(jitter(orbit, second, 20));
         const int level = 27 + static_cast<int>(21.0 * std::sin(elevation / kDegreesPerRadian)) +
                           jitter(orbit, second, 1) - (reception.jammed ? kJammingLoss : 0);
-        satellite.signals = receivedSignals(store, orbit, level);
+        satellite.signals = receivedSignals(signals, orbit, level);
         for (const Signal& signal : satellite.signals) {
             satellite.cno = std::max(satellite.cno, signal.cno);
         }
-        satellite.used = satellite.tracked() && satellite.elevation >= lowestElevation &&
-                         satellite.cno >= lowestCno && !isSbas(satellite);
+        satellite.used = satellite.tracked() && satellite.elevation >= lowestElevation && satellite.cno >= lowestCno &&
+                         !isSbas(satellite);
         satellites.push_back(std::move(satellite));
     }
     if (profile.limitsChannels) {

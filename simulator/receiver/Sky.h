@@ -10,7 +10,12 @@ namespace ubxsim
 {
 
 /// What spoils reception.
-enum class AntennaState { ok, shorted, open };
+enum class AntennaState
+{
+    ok,
+    shorted,
+    open
+};
 
 struct Reception
 {

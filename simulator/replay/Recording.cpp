@@ -44,11 +44,11 @@ std::optional<Frame> frameAt(const Bytes& bytes, std::size_t at)
 std::optional<std::uint32_t> timeOfWeek(const Frame& frame)
 {
     constexpr std::uint16_t kVersionFirst[] = {0x013B, 0x013C, 0x0142};
-    const bool other = std::find(std::begin(kVersionFirst), std::end(kVersionFirst), frame.classId) !=
-                       std::end(kVersionFirst);
+    const bool other =
+        std::find(std::begin(kVersionFirst), std::end(kVersionFirst), frame.classId) != std::end(kVersionFirst);
     const bool navigation = frame.classId >> 8 == kNavigationClass && frame.classId >= kNavPosEcef;
     return navigation && !other && frame.payload.size() >= 4 ? std::optional(get<std::uint32_t>(frame.payload, 0))
-                                                              : std::nullopt;
+                                                             : std::nullopt;
 }
 
 // The time field of a sentence that begins at this place: "193334.00" of "$GNRMC,193334.00,".
@@ -58,7 +58,8 @@ std::optional<std::string> sentenceTime(const Bytes& bytes, std::size_t at)
     const std::size_t end = std::min(bytes.size(), at + 32);
     const std::string text(bytes.begin() + static_cast<std::ptrdiff_t>(at),
                            bytes.begin() + static_cast<std::ptrdiff_t>(end));
-    if (text.size() <= kStart || text[0] != '$' || (text.compare(3, 4, "RMC,") != 0 && text.compare(3, 4, "GGA,") != 0)) {
+    if (text.size() <= kStart || text[0] != '$' ||
+        (text.compare(3, 4, "RMC,") != 0 && text.compare(3, 4, "GGA,") != 0)) {
         return std::nullopt;
     }
     const std::string time = text.substr(kStart, text.find(',', kStart) - kStart);
@@ -168,8 +169,8 @@ void Recording::indexFrames()
         auto found = frameAt(all, at);
         at += found ? found->payload.size() + kFrameOverhead : 1;
         // A recording of both directions holds the requests too.
-        const bool request = found && (found->payload.empty() ||
-                                       (found->classId == kCfgValGet && found->payload.front() == 0));
+        const bool request =
+            found && (found->payload.empty() || (found->classId == kCfgValGet && found->payload.front() == 0));
         if (found && !request) {
             frames_.push_back(std::move(*found));
         }

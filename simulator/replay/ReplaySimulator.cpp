@@ -24,9 +24,7 @@ class ReplaySimulator::Player : public LineClient
 {
 public:
     Player(Recording recording, ReplayOptions options)
-        : recording_(std::move(recording))
-        , options_(std::move(options))
-        , runner_(*this)
+        : recording_(std::move(recording)), options_(std::move(options)), runner_(*this)
     {
         if (recording_.chunks().empty() || options_.epoch <= std::chrono::microseconds::zero()) {
             throw std::invalid_argument("a replay needs a recording with content and an epoch above 0");

@@ -29,8 +29,7 @@ public:
 
     /// What the host sent: whole frames, in order of arrival.
     std::vector<Bytes> receivedFrames() const;
-    bool waitForFrames(std::size_t atLeast,
-                       std::chrono::milliseconds limit = std::chrono::milliseconds(2000)) const;
+    bool waitForFrames(std::size_t atLeast, std::chrono::milliseconds limit = std::chrono::milliseconds(2000)) const;
 
 private:
     class Player;

@@ -48,8 +48,7 @@ std::string contentOf(const Bytes& bytes)
 
 } // namespace
 
-TraceWriter::TraceWriter(const std::string& path)
-    : file_(path, std::ios::trunc)
+TraceWriter::TraceWriter(const std::string& path) : file_(path, std::ios::trunc)
 {
     if (!file_) {
         throw std::runtime_error("cannot write the trace file " + path);

@@ -18,7 +18,11 @@ namespace ubxsim
 /// Seconds since the start, then '>' for bytes to the receiver and '<' for bytes from it.
 inline constexpr const char* kTraceHeading = "# ubxsim trace 1";
 
-enum class TraceDirection : char { toReceiver = '>', fromReceiver = '<' };
+enum class TraceDirection : char
+{
+    toReceiver = '>',
+    fromReceiver = '<'
+};
 
 struct TraceEntry
 {

@@ -31,9 +31,9 @@ struct Section
 };
 
 constexpr Section kSections[] = {
-    {0x051, 0x053, 0}, {0x071, 0x07A, 0}, // ports
-    {0x091, 0x091, 1},                    // messages
-    {0x092, 0x092, 2},                    // information messages
+    {0x051, 0x053, 0}, {0x071, 0x07A, 0},                                       // ports
+    {0x091, 0x091, 1},                                                          // messages
+    {0x092, 0x092, 2},                                                          // information messages
     {0x003, 0x003, 3}, {0x011, 0x011, 3}, {0x021, 0x021, 3}, {0x025, 0x025, 3}, // navigation
     {0x005, 0x005, 4}, {0x031, 0x031, 4}, {0x034, 0x034, 4}, {0x036, 0x036, 4},
     {0x041, 0x041, 4}, {0x0D0, 0x0D0, 4}, // receiver manager
@@ -72,21 +72,25 @@ Key informationKey(std::uint8_t protocol, std::size_t port)
 } // namespace
 
 Configuration::Configuration(const ModelProfile& profile, Port port, bool quiet)
-    : profile_(profile)
-    , port_(port)
-    , store_(profile, quiet)
-    , interface_(store_, [this](const Changes& changes) { return isLegalCombination(profile_, store_, changes); })
+    : profile_(profile),
+      port_(port),
+      store_(profile, quiet),
+      interface_(store_, [this](const Changes& changes) { return isLegalCombination(profile_, store_, changes); })
 {}
 
 bool Configuration::isPoll(const Frame& request)
 {
     switch (request.classId) {
-    case kCfgMsg: return request.payload.size() == 2;
+    case kCfgMsg:
+        return request.payload.size() == 2;
     case kCfgPrt:
     case kCfgInf:
-    case kCfgTp5: return request.payload.size() <= 1;
-    case kCfgValGet: return true;
-    default: return request.payload.empty();
+    case kCfgTp5:
+        return request.payload.size() <= 1;
+    case kCfgValGet:
+        return true;
+    default:
+        return request.payload.empty();
     }
 }
 
@@ -94,20 +98,28 @@ Answer Configuration::handle(const Frame& request)
 {
     if (profile_.configurationInterface) {
         switch (request.classId) {
-        case kCfgValGet: return interface_.get(request.payload);
-        case kCfgValSet: return interface_.set(request.payload);
-        case kCfgValDel: return interface_.remove(request.payload);
-        default: interface_.cancelTransaction();
+        case kCfgValGet:
+            return interface_.get(request.payload);
+        case kCfgValSet:
+            return interface_.set(request.payload);
+        case kCfgValDel:
+            return interface_.remove(request.payload);
+        default:
+            interface_.cancelTransaction();
         }
     }
     if (isPoll(request)) {
         return poll(request);
     }
     switch (request.classId) {
-    case kCfgMsg: return setMessageRate(request.payload);
-    case kCfgInf: return setInformation(request.payload);
-    case kCfgCfg: return saveLoadClear(request.payload);
-    default: break;
+    case kCfgMsg:
+        return setMessageRate(request.payload);
+    case kCfgInf:
+        return setInformation(request.payload);
+    case kCfgCfg:
+        return saveLoadClear(request.payload);
+    default:
+        break;
     }
     const auto changes = changesOf(request);
     if (!changes) {

@@ -22,11 +22,16 @@ constexpr std::uint8_t kFlashBit = 4;
 std::optional<Layer> layerOf(std::uint8_t number)
 {
     switch (number) {
-    case 0: return Layer::ram;
-    case 1: return Layer::batteryBacked;
-    case 2: return Layer::flash;
-    case 7: return Layer::factory;
-    default: return std::nullopt;
+    case 0:
+        return Layer::ram;
+    case 1:
+        return Layer::batteryBacked;
+    case 2:
+        return Layer::flash;
+    case 7:
+        return Layer::factory;
+    default:
+        return std::nullopt;
     }
 }
 
@@ -44,8 +49,7 @@ bool matches(Key wildcard, Key key)
 } // namespace
 
 ConfigurationInterface::ConfigurationInterface(SettingsStore& store, std::function<bool(const Changes&)> isLegal)
-    : store_(store)
-    , isLegal_(std::move(isLegal))
+    : store_(store), isLegal_(std::move(isLegal))
 {}
 
 Answer ConfigurationInterface::get(const Bytes& payload) const
@@ -143,8 +147,8 @@ Answer ConfigurationInterface::carryOut(Step step, bool removes, std::uint8_t la
 {
     constexpr std::uint8_t kLayers = kRamBit | kBatteryBackedBit | kFlashBit;
     const bool continues = step == Step::proceed || step == Step::finish;
-    const bool fits = !continues || (transaction_.open && transaction_.layers == layers &&
-                                     transaction_.removes == removes);
+    const bool fits =
+        !continues || (transaction_.open && transaction_.layers == layers && transaction_.removes == removes);
     if ((layers & kLayers) == 0 || (layers & ~kLayers) != 0 || changes.size() > kMostItems || !fits) {
         cancelTransaction();
         return Answer::refused();

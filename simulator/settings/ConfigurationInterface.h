@@ -23,7 +23,13 @@ public:
     void cancelTransaction();
 
 private:
-    enum class Step : std::uint8_t { none, start, proceed, finish };
+    enum class Step : std::uint8_t
+    {
+        none,
+        start,
+        proceed,
+        finish
+    };
 
     struct Transaction
     {

@@ -22,11 +22,16 @@ constexpr std::size_t widthOf(Key key)
 {
     switch ((key >> 28) & 7) {
     case 1:
-    case 2: return 1;
-    case 3: return 2;
-    case 4: return 4;
-    case 5: return 8;
-    default: return 0;
+    case 2:
+        return 1;
+    case 3:
+        return 2;
+    case 4:
+        return 4;
+    case 5:
+        return 8;
+    default:
+        return 0;
     }
 }
 
@@ -44,8 +49,8 @@ namespace key
 {
 
 // CFG-TP
-inline constexpr Key antCableDelay = 0x30050001; // ns
-inline constexpr Key pulseDef = 0x20050023;      // 0 period, 1 frequency
+inline constexpr Key antCableDelay = 0x30050001;  // ns
+inline constexpr Key pulseDef = 0x20050023;       // 0 period, 1 frequency
 inline constexpr Key pulseLengthDef = 0x20050030; // 0 ratio, 1 length
 inline constexpr Key tp1Enable = 0x10050007;
 inline constexpr Key tp2Enable = 0x10050012;
@@ -63,9 +68,9 @@ inline constexpr Key tmodeEcefY = 0x40030004;
 inline constexpr Key tmodeEcefZ = 0x40030005;
 inline constexpr Key tmodeLat = 0x40030009; // 1e-7 degree
 inline constexpr Key tmodeLon = 0x4003000A;
-inline constexpr Key tmodeHeight = 0x4003000B;      // cm
-inline constexpr Key tmodeFixedPosAcc = 0x4003000F; // 0.1 mm
-inline constexpr Key tmodeSvinMinDur = 0x40030010;  // s
+inline constexpr Key tmodeHeight = 0x4003000B;       // cm
+inline constexpr Key tmodeFixedPosAcc = 0x4003000F;  // 0.1 mm
+inline constexpr Key tmodeSvinMinDur = 0x40030010;   // s
 inline constexpr Key tmodeSvinAccLimit = 0x40030011; // 0.1 mm
 
 // CFG-NAVSPG

@@ -31,7 +31,8 @@ struct LegacyConstant
     bool required = false; // a set with another value is refused
 };
 
-enum class LegacyRule {
+enum class LegacyRule
+{
     wholeMessage,
     maskAtOffset0, // 16 bits that choose the fields to apply
     maskAtOffset2,

@@ -69,7 +69,8 @@ Bytes readLegacy(const LegacyMessage& message, const SettingsStore& store)
             continue;
         }
         const std::uint64_t value = store.get(field.key) / field.unitsPerField & lowBits(field.bits);
-        const std::uint64_t others = getBytes(payload, field.offset, field.width) & ~(lowBits(field.bits) << field.shift);
+        const std::uint64_t others =
+            getBytes(payload, field.offset, field.width) & ~(lowBits(field.bits) << field.shift);
         putBytes(payload, field.offset, others | value << field.shift, field.width);
     }
     return payload;

@@ -24,8 +24,7 @@ constexpr std::array<ProtocolBit, 4> kProtocols = {{{kUbxBit, 0x10000001},
                                                     {0x04, 0x90000003}, // RTCM 2: no published key
                                                     {0x20, 0x10000004}}};
 
-constexpr std::array<std::uint32_t, 9> kLineSpeeds = {4800,   9600,   19200,  38400, 57600,
-                                                      115200, 230400, 460800, 921600};
+constexpr std::array<std::uint32_t, 9> kLineSpeeds = {4800, 9600, 19200, 38400, 57600, 115200, 230400, 460800, 921600};
 
 // CFG-I2CINPROT is group 0x071, CFG-I2COUTPROT 0x072, and so on through the ports.
 Key protocolKey(const ProtocolBit& protocol, Port port, Direction direction)

@@ -6,9 +6,20 @@ namespace ubxsim
 {
 
 /// The interfaces of the receiver, numbered as CFG-PRT numbers them and in the order of the message-rate keys.
-enum class Port : std::uint8_t { i2c, uart1, uart2, usb, spi };
+enum class Port : std::uint8_t
+{
+    i2c,
+    uart1,
+    uart2,
+    usb,
+    spi
+};
 
-enum class Direction { in, out };
+enum class Direction
+{
+    in,
+    out
+};
 
 inline constexpr std::uint16_t kUbxBit = 0x01;
 inline constexpr std::uint16_t kNmeaBit = 0x02;

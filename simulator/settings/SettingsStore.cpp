@@ -66,10 +66,14 @@ std::optional<std::uint64_t> SettingsStore::stored(Layer layer, Key key) const
     }
     const Item& item = found->second;
     switch (layer) {
-    case Layer::ram: return item.ram;
-    case Layer::batteryBacked: return item.batteryBacked;
-    case Layer::flash: return item.flash;
-    case Layer::factory: return item.factory;
+    case Layer::ram:
+        return item.ram;
+    case Layer::batteryBacked:
+        return item.batteryBacked;
+    case Layer::flash:
+        return item.flash;
+    case Layer::factory:
+        return item.factory;
     }
     return std::nullopt;
 }
@@ -81,10 +85,17 @@ void SettingsStore::set(Layer layer, Key key, std::uint64_t value)
         return;
     }
     switch (layer) {
-    case Layer::ram: found->second.ram = cut(key, value); break;
-    case Layer::batteryBacked: found->second.batteryBacked = cut(key, value); break;
-    case Layer::flash: found->second.flash = cut(key, value); break;
-    case Layer::factory: break;
+    case Layer::ram:
+        found->second.ram = cut(key, value);
+        break;
+    case Layer::batteryBacked:
+        found->second.batteryBacked = cut(key, value);
+        break;
+    case Layer::flash:
+        found->second.flash = cut(key, value);
+        break;
+    case Layer::factory:
+        break;
     }
 }
 

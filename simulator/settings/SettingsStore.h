@@ -9,7 +9,13 @@ namespace ubxsim
 {
 
 /// Where a setting is kept besides the RAM.
-enum class Layer { ram, batteryBacked, flash, factory };
+enum class Layer
+{
+    ram,
+    batteryBacked,
+    flash,
+    factory
+};
 
 /// The one store of settings behind every message. RAM counts; the others fill it when the receiver starts.
 class SettingsStore

@@ -31,7 +31,8 @@ std::chrono::milliseconds unixTime(const std::string& text)
     std::tm time{};
     const char* end = ::strptime(text.c_str(), "%Y-%m-%dT%H:%M:%S", &time);
     if (end == nullptr || (*end != '\0' && std::string(end) != "Z") || time.tm_year < 80) {
-        throw std::invalid_argument("--start: \"" + text + "\" is no UTC time since 1980, such as 2026-12-31T23:59:50Z");
+        throw std::invalid_argument("--start: \"" + text +
+                                    "\" is no UTC time since 1980, such as 2026-12-31T23:59:50Z");
     }
     return std::chrono::seconds(::timegm(&time));
 }

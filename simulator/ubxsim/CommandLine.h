@@ -18,7 +18,12 @@ struct CommandLine
     std::string link;
 };
 
-enum ExitCode : int { kDone = 0, kFailed = 1, kUsageError = 2 };
+enum ExitCode : int
+{
+    kDone = 0,
+    kFailed = 1,
+    kUsageError = 2
+};
 
 /// Reads the arguments. Empty when there is nothing more to do: help was asked for, or the arguments are wrong and that
 /// has been said; `exitCode` then tells which.

@@ -7,7 +7,12 @@
 namespace ubxsim
 {
 
-enum class Acknowledge { none, ack, nak };
+enum class Acknowledge
+{
+    none,
+    ack,
+    nak
+};
 
 /// What a receiver says to one request, in the order in which it says it.
 struct Answer

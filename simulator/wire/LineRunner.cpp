@@ -28,9 +28,7 @@ std::string linkTargetOf(const std::string& path)
 
 } // namespace
 
-LineRunner::LineRunner(LineClient& client)
-    : client_(client)
-    , wakeUp_(::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC))
+LineRunner::LineRunner(LineClient& client) : client_(client), wakeUp_(::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC))
 {
     if (!wakeUp_.valid()) {
         throw std::system_error(errno, std::generic_category(), "cannot create an event descriptor");
@@ -68,10 +66,18 @@ void LineRunner::wake()
     [[maybe_unused]] const ssize_t written = ::write(wakeUp_.get(), &one, sizeof one);
 }
 
+void LineRunner::waitForTurn(std::unique_lock<std::mutex>& lock)
+{
+    const std::uint64_t before = turns_;
+    wake();
+    turned_.wait(lock, [&] { return turns_ != before; });
+}
+
 void LineRunner::linkAt(const std::string& path)
 {
     removeLink();
-    struct stat status{};
+    struct stat status
+    {};
     if (::lstat(path.c_str(), &status) == 0 && !S_ISLNK(status.st_mode)) {
         throw std::system_error(EEXIST, std::generic_category(), path + " is no symbolic link and is left alone");
     }
@@ -159,6 +165,8 @@ void LineRunner::run()
         std::uint64_t wakeUps = 0;
         [[maybe_unused]] const ssize_t drained = ::read(wakeUp_.get(), &wakeUps, sizeof wakeUps);
         lock.lock();
+        ++turns_;
+        turned_.notify_all();
 
         if (pty_.isOpen() && !readingStopped_) {
             std::array<std::uint8_t, 4096> buffer{};

@@ -39,6 +39,10 @@ public:
     void wake();
 
     // The rest needs the mutex.
+
+    /// Waits until the thread has woken up and looked at what was changed. A hang-up is complete only then: the thread
+    /// still holds the terminal while it waits for input.
+    void waitForTurn(std::unique_lock<std::mutex>& lock);
     std::string devicePath() const { return pty_.path(); }
     void linkAt(const std::string& path);
     void hangUp();
@@ -60,6 +64,8 @@ private:
     std::string linkTarget_;
     bool readingStopped_ = false;
     bool stop_ = false;
+    std::uint64_t turns_ = 0;
+    std::condition_variable turned_;
     std::thread thread_;
 };
 

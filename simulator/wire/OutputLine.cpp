@@ -53,8 +53,7 @@ std::size_t OutputLine::allowance(WallTime now) const
 {
     const Transmission& front = queue_.front();
     const std::size_t left = front.bytes.size() - position_;
-    std::size_t count =
-        front.pieceSize == 0 ? left : std::min(left, front.pieceSize - position_ % front.pieceSize);
+    std::size_t count = front.pieceSize == 0 ? left : std::min(left, front.pieceSize - position_ % front.pieceSize);
     if (bitsPerSecond_ != 0) {
         const auto late = std::chrono::duration_cast<nanoseconds>(now - lineFree_).count();
         const auto due = 1 + late * (static_cast<std::int64_t>(bitsPerSecond_) / kBitsPerByte) / kNanosecondsPerSecond;
@@ -72,8 +71,7 @@ std::size_t OutputLine::writeFront(Pty& pty, std::size_t count, WallTime now)
     const Transmission& front = queue_.front();
     const std::size_t needed = position_ == 0 ? std::min(front.bytes.size(), kWholeFrameRoom) : 1;
     const std::size_t room = pty.room();
-    const std::size_t written =
-        room >= needed ? pty.write(front.bytes.data() + position_, std::min(count, room)) : 0;
+    const std::size_t written = room >= needed ? pty.write(front.bytes.data() + position_, std::min(count, room)) : 0;
     if (written > 0) {
         if (position_ == 0 && onSent) {
             onSent(front);
