@@ -115,11 +115,19 @@ void putFirst(const char* variable, const std::string& entry)
     ::setenv(variable, value.c_str(), 1);
 }
 
+/// The library lies elsewhere in an installed tree than in a build's.
+fs::path preloadBeside(const fs::path& prefix)
+{
+    const char* const name = "libubxttyflush.so";
+    const fs::path installed = prefix / UBX_INSTALLED_LIBRARY_DIR / name;
+    return fs::exists(installed) ? installed : prefix / "lib" / name;
+}
+
 int run(CommandLine line)
 {
     const fs::path ownDirectory = fs::read_symlink("/proc/self/exe").parent_path();
     putFirst("PATH", ownDirectory);
-    line.request.preload = ownDirectory.parent_path() / "lib" / "libubxttyflush.so";
+    line.request.preload = preloadBeside(ownDirectory.parent_path());
     line.request.keep.push_back(locate(line.command.front()));
     if (!line.simulator.empty()) line.request.keep.push_back(locate(line.simulator.front()));
 
