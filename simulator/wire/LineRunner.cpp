@@ -16,6 +16,9 @@ namespace
 
 constexpr std::chrono::seconds kLongestSleep{1};
 
+// Without it a simulation that can't keep up would never let another thread have the mutex.
+constexpr std::chrono::microseconds kShortestSleep{50};
+
 // While the host's writes are to meet a full line, what a flush by the host removed is filled up again this often.
 constexpr std::chrono::milliseconds kStuffingInterval{1};
 
@@ -157,7 +160,7 @@ void LineRunner::run()
         std::array<pollfd, 2> descriptors{pollfd{wakeUp_.get(), POLLIN, 0},
                                           pollfd{listen ? pty_.descriptor() : -1, POLLIN, 0}};
         const auto sleep = std::chrono::duration_cast<std::chrono::nanoseconds>(
-            std::max(wakeAt - WallClock::now(), WallClock::duration::zero()));
+            std::max<WallClock::duration>(wakeAt - WallClock::now(), kShortestSleep));
         const timespec timeout{static_cast<time_t>(sleep.count() / 1000000000),
                                static_cast<long>(sleep.count() % 1000000000)};
         lock.unlock();
