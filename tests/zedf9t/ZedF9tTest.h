@@ -6,6 +6,7 @@
 
 #include <ubxController_ZEDF9T.h>
 
+#include "CapturedOutput.h"
 #include "ReceiverTest.h"
 
 namespace zedtest
@@ -40,6 +41,24 @@ protected:
 
     /// A USB node, for as long as the test runs.
     static void plugIntoUsb();
+
+    /// What an operation returns, and what it prints on standard output.
+    template <typename Operation>
+    static int printing(std::string& printed, Operation operation)
+    {
+        const testsupport::CapturedOutput output(STDOUT_FILENO);
+        const int status = operation();
+        printed = output.text();
+        return status;
+    }
+
+    /// What an operation returns, whatever it prints.
+    template <typename Operation>
+    static int quietly(Operation operation)
+    {
+        std::string printed;
+        return printing(printed, operation);
+    }
 
     /// The lines of the ZED-F9T's error log without their time stamps.
     static std::vector<std::string> log();
