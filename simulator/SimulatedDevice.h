@@ -14,7 +14,7 @@ namespace ubxsim
 
 /// The receiver at its line: cuts requests out of what comes in, plays the faults, sends answers and periodic output.
 /// Everything but the constructor needs the runner's mutex.
-class SimulatedDevice : public LineClient
+class SimulatedDevice final : public LineClient
 {
 public:
     explicit SimulatedDevice(const SimulatorOptions& options);

@@ -20,7 +20,7 @@ enum class FaultKind
     losePower,  // the supply fails in the middle of the save that this request asks for
     hangUp,     // the device goes away instead of an answer
     restart,    // the receiver starts anew instead of answering
-    // How the answer is delivered. One of each kind counts per answer.
+             // How the answer is delivered. One of each kind counts per answer.
     checksum,    // the first frame of the answer has a wrong checksum
     truncate,    // the first frame ends after `size` bytes
     wrongLength, // the length field of the first frame is `size` too large

@@ -20,7 +20,7 @@ bool isPoll(const Frame& request)
 
 } // namespace
 
-class ReplaySimulator::Player : public LineClient
+class ReplaySimulator::Player final : public LineClient
 {
 public:
     Player(Recording recording, ReplayOptions options)

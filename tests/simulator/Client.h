@@ -60,7 +60,7 @@ public:
     std::optional<bool> set(std::string_view classAndId, std::string_view payload);
 
     /// All that has come so far and comes until the line has been quiet for this time.
-    std::vector<Item> collect(std::chrono::milliseconds quiet = 30ms);
+    std::vector<Item> collect(std::chrono::milliseconds quiet = 100ms);
     /// All that comes within this time.
     std::vector<Item> listen(std::chrono::milliseconds time);
     /// Reads until a sentence contains this text.

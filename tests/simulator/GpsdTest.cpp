@@ -86,7 +86,8 @@ TEST_P(Gpsd, RecognisesTheReceiverItsVersionFixAndSatellites)
                               contains(report, older ? "MOD=NEO-M8T-0" : "MOD=ZED-F9T"));
         fix = fix || (version && contains(report, "\"class\":\"TPV\"") && contains(report, "\"mode\":3") &&
                       contains(report, "\"lat\":-31.950") && contains(report, "\"lon\":115.860"));
-        satellites = satellites || (version && contains(report, "\"class\":\"SKY\"") && contains(report, "\"gnssid\":6"));
+        satellites =
+            satellites || (version && contains(report, "\"class\":\"SKY\"") && contains(report, "\"gnssid\":6"));
     }
 
     EXPECT_TRUE(version);
@@ -98,6 +99,4 @@ TEST_P(Gpsd, RecognisesTheReceiverItsVersionFixAndSatellites)
 }
 
 INSTANTIATE_TEST_SUITE_P(Receivers, Gpsd, testing::Values(ubxsim::Model::neoM8t, ubxsim::Model::zedF9t),
-                         [](const auto& model) {
-                             return model.param == ubxsim::Model::neoM8t ? "NeoM8t" : "ZedF9t";
-                         });
+                         [](const auto& model) { return model.param == ubxsim::Model::neoM8t ? "NeoM8t" : "ZedF9t"; });

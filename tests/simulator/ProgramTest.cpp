@@ -23,7 +23,8 @@ std::string program()
 
 bool exists(const std::string& path)
 {
-    struct stat status{};
+    struct stat status
+    {};
     return ::lstat(path.c_str(), &status) == 0;
 }
 
@@ -74,8 +75,8 @@ TEST(SimulatorProgram, PlaysFaultsFromTheCommandLineAndFromAScript)
 {
     const std::string script = "/tmp/faults";
     testsupport::write(script, "# one by one\nrefuse CFG-RATE x1\n");
-    ChildProcess simulator({program(), "--quiet", "--speed", "unlimited", "--script", script, "--fault", "ignore MON-VER x1",
-                          "--fault", "answer CFG-RXM 01 02 x1"});
+    ChildProcess simulator({program(), "--quiet", "--speed", "unlimited", "--script", script, "--fault",
+                            "ignore MON-VER x1", "--fault", "answer CFG-RXM 01 02 x1"});
     client::Client host(simulator.readLine());
 
     host.send("0A 04");
@@ -106,8 +107,8 @@ TEST(SimulatorProgram, TracesASessionThatCanBeReplayed)
 
 TEST(SimulatorProgram, StartsAtTheTimeAndPlaceAskedFor)
 {
-    ChildProcess simulator({program(), "--quiet", "--speed", "unlimited", "--start", "2030-01-02T03:04:05Z", "--position",
-                          "-12.5", "-77.25", "150"});
+    ChildProcess simulator({program(), "--quiet", "--speed", "unlimited", "--start", "2030-01-02T03:04:05Z",
+                            "--position", "-12.5", "-77.25", "150"});
     client::Client host(simulator.readLine());
 
     const auto pvt = host.poll("01 07");
@@ -124,8 +125,8 @@ TEST(SimulatorProgram, ShowsHelp)
     const auto help = runToEnd({program(), "--help"});
     EXPECT_EQ(help.status, 0);
     for (const char* option : {"--model", "--firmware", "--strict-legacy", "--no-l5", "--port", "--link", "--quiet",
-                               "--speed", "--time-scale", "--start", "--cold-start", "--position", "--fault", "--script",
-                               "--trace", "--replay", "Exit status"}) {
+                               "--speed", "--time-scale", "--start", "--cold-start", "--position", "--fault",
+                               "--script", "--trace", "--replay", "Exit status"}) {
         EXPECT_NE(help.output.find(option), std::string::npos) << option;
     }
 
