@@ -1,6 +1,5 @@
 #pragma once
 
-#include <memory>
 #include <optional>
 
 #include <UBXMessage.h>
@@ -50,17 +49,15 @@ public:
 
     /// Waits for a message, polling the port all the time.
     ///
-    /// Once a frame with a wrong checksum has been seen on this object, every wait runs to its limit and then gives the
-    /// last matching message found. Output that precedes the reply is not limited: what has been looked at makes room
-    /// for what follows.
+    /// Messages that preceded it stay, for a later wait of this object. Once a frame with a wrong checksum has been
+    /// seen on this object, every wait runs to its limit and then gives the last matching message found. Output that
+    /// precedes the reply is not limited: what has been looked at makes room for what follows.
     /// @param classId    class/id value of the message.
     /// @param timeLimit  seconds by the wall clock's whole seconds, and room for a frame in KiB.
     /// @return the caller's to delete; null when none arrived or the port is closed.
     UBXMessage* ReceiveMessage(unsigned short classId, int timeLimit) override;
 
 private:
-    UBXCONTROL_INTERNAL void takeNewest(UBXMessageClassIdValues classId, std::unique_ptr<UBXMessage>& candidate);
-
     int fd_ = -1;
     std::optional<UBXMessageList> messageList_;
     std::optional<UBXMessageBuilder> messageBuilder_;

@@ -15,9 +15,8 @@ bool ReceiveWindow::makeRoom()
     if (freeBytes() != 0) return false;
     const bool stuck = finished_ == 0;
     if (stuck) finished_ = std::min(frame::kSyncLength, filled_);
-    const std::size_t kept = pendingBytes();
-    std::memmove(bytes_.get(), pending(), kept);
-    filled_ = kept;
+    filled_ -= finished_;
+    std::memmove(bytes_.get(), bytes_.get() + finished_, filled_);
     finished_ = 0;
     return stuck;
 }

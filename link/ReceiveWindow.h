@@ -6,7 +6,7 @@
 namespace ubx
 {
 
-/// The bytes that a wait has received and not finished with. Full or not, it never refuses what comes next.
+/// The bytes that a wait has received. Full or not, it never refuses what comes next.
 class ReceiveWindow
 {
 public:
@@ -17,12 +17,12 @@ public:
     std::size_t freeBytes() const { return capacity_ - filled_; }
     void added(std::size_t count) { filled_ += count; }
 
-    /// What has not been finished with.
-    const unsigned char* pending() const { return bytes_.get() + finished_; }
-    std::size_t pendingBytes() const { return filled_ - finished_; }
+    /// All that it holds.
+    const unsigned char* bytes() const { return bytes_.get(); }
+    std::size_t size() const { return filled_; }
 
-    /// The first `count` pending bytes are done with.
-    void finish(std::size_t count) { finished_ += count; }
+    /// The first `count` bytes are done with. They stay until room is needed.
+    void finish(std::size_t count) { finished_ = count; }
 
     /// When no space is free: gives up what is finished with. An unfinished frame that fills the whole window can't
     /// become whole in it, so its sync chars are given up.

@@ -1,7 +1,6 @@
 #include <ubxIO.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <cstddef>
 #include <cstdint>
 #include <ctime>
@@ -90,10 +89,7 @@ int ubxIO::SendMessage(UBXMessage* message)
         report("Cannot send message to the ublox, the device is not open!\n");
         return -1;
     }
-    ssize_t written = 0;
-    do {
-        written = write(fd_, message->getPacketData(), message->getPacketLength());
-    } while (written < 0 && errno == EINTR); // nothing has been written yet then
+    const ssize_t written = write(fd_, message->getPacketData(), message->getPacketLength());
     fsync(fd_);
     return static_cast<std::uint32_t>(written) == static_cast<std::uint32_t>(message->getPacketLength()) ? 0 : -1;
 }
@@ -109,19 +105,25 @@ UBXMessage* ubxIO::ReceiveMessage(unsigned short classId, int timeLimit)
     std::unique_ptr<UBXMessage> candidate;
 
     const std::time_t start = std::time(nullptr);
-    bool lookAtList = true; // there may be messages left from an earlier wait
+    bool firstLook = true; // there may be messages left from an earlier wait
     do {
-        // Frames do not change by being looked at again: a round looks at what has come since the last one.
         const bool lookAgain = window.makeRoom();
         const std::size_t room = std::min(kReadAtOnce, window.freeBytes());
         const long received = ReadFromUART(window.freeSpace(), static_cast<long>(room));
         window.added(static_cast<std::size_t>(received));
-        if (received > 0 || lookAgain || lookAtList) {
+        if (received > 0 || lookAgain || firstLook) {
+            // All of it, also what was looked at before: the messages that precede the reply stay for a later wait,
+            // in however many pieces they came.
+            if (!firstLook) messageList_->Empty();
             unsigned long resumeAt = 0;
-            messageBuilder_->scan(window.pending(), window.pendingBytes(), resumeAt);
+            messageBuilder_->scan(window.bytes(), window.size(), resumeAt);
             window.finish(resumeAt);
-            takeNewest(wanted, candidate);
-            lookAtList = false;
+            if (UBXMessage* const newest = messageList_->findFirstOfMessage(wanted)) {
+                candidate.reset(newest);
+            } else {
+                messageList_->Empty();
+            }
+            firstLook = false;
         }
         if (messageBuilder_->getErroredMessageCount() != 0) {
             report("ubxIO::ReceiveMessage Errored messages returned from u-blox.\n");
@@ -132,18 +134,4 @@ UBXMessage* ubxIO::ReceiveMessage(unsigned short classId, int timeLimit)
 
     report("ubxIO::ReceiveMessage Timed out waiting for rx from u-blox.\n");
     return candidate.release();
-}
-
-void ubxIO::takeNewest(UBXMessageClassIdValues classId, std::unique_ptr<UBXMessage>& candidate)
-{
-    UBXMessage* const newest = messageList_->findFirstOfMessage(classId);
-    if (newest == nullptr) {
-        messageList_->Empty();
-        return;
-    }
-    candidate.reset(newest);
-    if (messageBuilder_->getErroredMessageCount() == 0) return; // the rest stays for a later wait
-    // The wait goes on: an older message must not replace the candidate in a later round.
-    while (const UBXMessage* const older = messageList_->findFirstOfMessage(classId))
-        delete older;
 }
