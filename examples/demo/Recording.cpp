@@ -27,6 +27,7 @@ Recording::Recording(const std::string& file)
         description = message->getMessageDescription();
         ++count;
     }
+    if (messages_.empty()) throw std::runtime_error(file + " holds no UBX frame that the library knows");
 }
 
 } // namespace demo

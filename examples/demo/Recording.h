@@ -12,7 +12,7 @@ namespace demo
 class Recording
 {
 public:
-    /// Looks through the file for frames. @throws std::runtime_error where it can't be read.
+    /// Looks through the file for frames. @throws std::runtime_error where it can't be read or holds none.
     explicit Recording(const std::string& file);
 
     bool holds(UBXMessageClassIdValues message) const { return messages_.count(message) != 0; }

@@ -106,7 +106,7 @@ bool Transcript::summary()
 {
     out_ << '\n';
     if (failures_ == 0) {
-        title("All " + std::to_string(operations_) + " operations returned 0.");
+        title("Every operation returned 0 (" + std::to_string(operations_) + " of them).");
     } else {
         title(std::to_string(failures_) + " of " + std::to_string(operations_) + " operations failed: " + failed_ +
               ".");

@@ -60,11 +60,9 @@ void showRecording(const demo::Recording& recording, Transcript& transcript)
         name.clear();
     }
     if (!recording.holds(UBX_MON_VER)) {
-        transcript.note(
-            "It holds no version record. To the library this is a receiver that does not answer when it is");
-        transcript.note(
-            "asked what it is, which takes nine seconds and makes it a NEO-M8T. Its reports are read all the");
-        transcript.note("same: both models have them in common.");
+        transcript.note("It holds no version record. To the library this is a receiver that does not");
+        transcript.note("answer when it is asked what it is, which takes nine seconds and makes it a");
+        transcript.note("NEO-M8T. Its reports are read all the same: both models have them in common.");
     }
 }
 
@@ -77,8 +75,10 @@ std::unique_ptr<ubxController> start(demo::ExpanderView& expander, Transcript& t
     const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - begin;
 
     expander.show();
-    transcript.fact("receiver",
-                    ubloxChipInfo::getUbloxChipName() + ", found within " + demo::measured(taken.count(), 1, "s"));
+    const std::string within = " within " + demo::measured(taken.count(), 1, "s");
+    const bool answered = !ubloxChipInfo::getUbloxHwVer().empty();
+    transcript.fact("receiver", answered ? ubloxChipInfo::getUbloxChipName() + ", found" + within
+                                         : "no answer" + within + ": taken for a NEO-M8T");
     showFile("/tmp/ubloxChip-info.txt", "not there", transcript);
     transcript.operation("Init", "", receiver->Init());
     return receiver;
@@ -127,7 +127,7 @@ void configureAndRead(ubxController& receiver, bool legacyOnly, Transcript& tran
 int show(const Options& options)
 {
     Transcript transcript(std::cout, wantsColours());
-    transcript.title(options.title);
+    transcript.heading(options.title);
 
     std::optional<demo::Recording> recording;
     if (!options.recording.empty()) {

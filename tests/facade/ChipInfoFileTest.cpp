@@ -111,11 +111,13 @@ TEST_F(ChipInfoFile, IsWrittenAgainOnceItHasBeenRemoved)
 TEST_F(ChipInfoFile, IsNotCreatedThroughALinkThatLeadsNowhere)
 {
     fs::create_symlink("/tmp/somebody-elses-file", kChipInfoFile);
+    ubloxChipInfo::setUbloxChipName("of before");
 
     controller->saveUbloxChipInfo();
 
     EXPECT_FALSE(fs::exists("/tmp/somebody-elses-file"));
     EXPECT_TRUE(fs::is_symlink(kChipInfoFile));
+    EXPECT_EQ(ubloxChipInfo::getUbloxChipName(), "NEOM8T") << "there is no file yet: the attempt was made";
 }
 
 TEST_F(ChipInfoFile, IsWrittenAfterALinkHasBeenTakenAway)

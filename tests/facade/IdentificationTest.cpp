@@ -150,8 +150,10 @@ TEST_F(Identification, FindsAReceiverWhoseAnswersDrownInNmea)
     std::string sentences;
     while (sentences.size() < 8 * 1024)
         sentences += "$GNZDA,031407.00,21,11,2026,00,00*7B\r\n";
-    receiver().precedeWith(0x0A04, Bytes(sentences.begin(), sentences.end()));
-    receiver().precedeWith(0x0600, Bytes(sentences.begin(), sentences.end()));
+    for (const std::uint16_t answer : {0x0600, 0x0A04}) {
+        receiver().precedeWith(answer, Bytes(sentences.begin(), sentences.end()));
+        receiver().answerInPieces(answer, 256, std::chrono::milliseconds(4)); // as a line does, not all at once
+    }
 
     EXPECT_TRUE(facade()->isNeoM8t());
 }
