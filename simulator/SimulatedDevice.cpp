@@ -63,6 +63,7 @@ SimulatedDevice::SimulatedDevice(const SimulatorOptions& options)
 void SimulatedDevice::onBytes(const std::uint8_t* data, std::size_t size, WallTime now)
 {
     lastByte_ = now;
+    runActions(simTimeOf(now)); // what is due by now counts for these requests
     scanner_.feed(data, size);
     while (const auto request = scanner_.next()) {
         handle(*request, now);

@@ -162,7 +162,7 @@ TEST(SimulatorLine, KeepsThePaceOfTheLineSpeed)
     ASSERT_TRUE(host.poll("0A 04").has_value());
     const auto slow = std::chrono::steady_clock::now() - asked;
     EXPECT_GE(slow, 265ms);
-    EXPECT_LE(slow, 400ms);
+    EXPECT_LE(slow, 1000ms);
 
     ASSERT_EQ(host.set("06 00", "01 00 00 00 C0 08 00 00 00 C2 01 00 07 00 03 00 00 00 00 00"), true); // 115200
 
@@ -170,7 +170,7 @@ TEST(SimulatorLine, KeepsThePaceOfTheLineSpeed)
     ASSERT_TRUE(host.poll("0A 04").has_value());
     const auto fast = std::chrono::steady_clock::now() - askedAgain;
     EXPECT_GE(fast, 20ms);
-    EXPECT_LE(fast, 120ms);
+    EXPECT_LE(fast, 200ms);
 }
 
 TEST(SimulatorLine, MakesRepliesWaitBehindBufferedOutput)

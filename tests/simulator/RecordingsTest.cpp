@@ -147,7 +147,7 @@ TEST_F(Recordings, OfKeyReadsHaveTheOrderAndLayoutOfTheSimulators)
         ASSERT_NE(real, nullptr);
         EXPECT_NE(layoutOf(real->payload), "") << "page " << pages;
         host.send("06 8B", testsupport::hex(items[i].payload));
-        const auto answer = host.collect(10ms);
+        const auto answer = host.collect();
         const std::string position = testsupport::hex(client::Bytes{items[i].payload[2], items[i].payload[3]});
         if (answer.size() == 1) { // this receiver has fewer keys than that one: past its end
             EXPECT_EQ(client::outline(answer), "0500:2") << position;

@@ -131,7 +131,7 @@ TEST(NeoM8tReset, TakesLongerToAFixAfterAColdStop)
 {
     ubxsim::SimulatorOptions options;
     options.nmea = false;
-    options.epoch = 5ms;
+    options.epoch = 20ms;
     ubxsim::ReceiverSimulator receiver(options);
     client::Client host(receiver.devicePath());
 
