@@ -1,5 +1,6 @@
 // Which receiver is found, and what that leaves in the process and in the chip-info file.
 
+#include <UBXMessage.h>
 #include <ubloxChipInfo.h>
 
 #include <ctime>
@@ -150,7 +151,7 @@ TEST_F(Identification, FindsAReceiverWhoseAnswersDrownInNmea)
     std::string sentences;
     while (sentences.size() < 8 * 1024)
         sentences += "$GNZDA,031407.00,21,11,2026,00,00*7B\r\n";
-    for (const std::uint16_t answer : {0x0600, 0x0A04}) {
+    for (const UBXMessageClassIdValues answer : {UBX_CFG_PRT, UBX_MON_VER}) {
         receiver().precedeWith(answer, Bytes(sentences.begin(), sentences.end()));
         receiver().answerInPieces(answer, 256, std::chrono::milliseconds(4)); // as a line does, not all at once
     }
