@@ -60,6 +60,12 @@ const RateRow* findRate(const SettingsStore& store, std::uint16_t classId)
     return nullptr;
 }
 
+// From TIM 2.20 on nobody has seen CFG-GNSS answered.
+bool lacksGnss(const ModelProfile& profile)
+{
+    return profile.strictLegacy && (profile.generations & kF9tTim22) != 0;
+}
+
 constexpr std::uint8_t kUbxProtocol = 0;
 constexpr std::uint8_t kNmeaProtocol = 1;
 constexpr std::size_t kInfBlockSize = 10;
@@ -136,9 +142,8 @@ std::optional<Changes> Configuration::changesOf(const Frame& request) const
     if (request.classId == kCfgPrt) {
         return portChanges(store_, request.payload);
     }
-    const bool gone = profile_.strictLegacy && (profile_.generations & kF9tTim22) != 0;
     if (request.classId == kCfgGnss) {
-        return gone ? std::nullopt : gnssChanges(profile_, store_, request.payload);
+        return lacksGnss(profile_) ? std::nullopt : gnssChanges(profile_, store_, request.payload);
     }
     const std::uint8_t index = request.classId == kCfgTp5 ? request.payload[0] : std::uint8_t{0};
     const LegacyMessage* message = findLegacyMessage(profile_, request.classId, index);
@@ -152,8 +157,7 @@ std::optional<Bytes> Configuration::read(std::uint16_t classId, std::uint8_t ind
         return hasPort(store_, port) ? std::optional<Bytes>(readPort(store_, port)) : std::nullopt;
     }
     if (classId == kCfgGnss) {
-        const bool gone = profile_.strictLegacy && (profile_.generations & kF9tTim22) != 0;
-        return gone ? std::nullopt : std::optional<Bytes>(readGnss(profile_, store_));
+        return lacksGnss(profile_) ? std::nullopt : std::optional<Bytes>(readGnss(profile_, store_));
     }
     if (classId == kCfgInf) {
         if (index > kNmeaProtocol) {
