@@ -104,6 +104,18 @@ TEST_F(AntennaType, OfAShortReplyIsSentBackAtItsOwnLength)
     }
 }
 
+TEST_F(AntennaType, OfSetting0Or3IsUnknown)
+{
+    for (const char* reply : {"F3 AC 62 2D 1E 03 00 00", "F3 AC 62 2D 1E 33 00 00"}) {
+        answer(reply);
+        std::string type = "active";
+
+        EXPECT_EQ(controller.getAntennaType(type), 0);
+
+        EXPECT_EQ(type, "unknown") << reply;
+    }
+}
+
 TEST_F(AntennaType, IsReadFromBits4And5OfByte5)
 {
     const struct

@@ -1,3 +1,4 @@
+#include "FlushLog.h"
 #include "NeoM8tTest.h"
 
 namespace
@@ -122,6 +123,15 @@ TEST_F(Protocols, ShortReplyGoesBackAtItsOwnLength)
     EXPECT_EQ(controller.configureProtocols(), 0);
 
     expectFrames({kPollPort, frame("06 00", "01 00 00 00 C0 08 00 00 80 25 00 00 07 00 03")});
+}
+
+TEST_F(Protocols, ArePolledAndWrittenBackThroughOneOpenPort)
+{
+    flushlog::clear();
+
+    controller.configureProtocols();
+
+    EXPECT_EQ(flushlog::asked().size(), 1U);
 }
 
 TEST_F(Protocols, AreNotWrittenToASilentReceiver)

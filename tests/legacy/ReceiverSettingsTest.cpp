@@ -145,9 +145,16 @@ TEST_F(PowerMode, OfAShortReplyIsSentBackAtItsOwnLength)
     }
 }
 
+TEST_F(PowerMode, EcoInLowerCaseIsRefused)
+{
+    EXPECT_EQ(controller.setRxMode("eco"), 1);
+
+    expectNoFrames();
+}
+
 TEST_F(PowerMode, OfAnotherWordIsRefusedAndNothingIsSent)
 {
-    for (const char* word : {"", "eco", "continuous", "Powersave", "ECO ", "FULL"}) {
+    for (const char* word : {"", "Eco", "continuous", "Powersave", "ECO ", "FULL"}) {
         EXPECT_EQ(controller.setRxMode(word), 1) << word;
     }
 

@@ -1,4 +1,6 @@
 #include <locale>
+#include <regex>
+#include <sstream>
 
 #include "NeoM8tTest.h"
 
@@ -47,6 +49,21 @@ TEST_F(SatelliteReport, OfFlags0FIsUsedWithQuality7AndOfFlags07NotUsed)
                      "00 02 28 00 00 00 00 00 07 00 00 00"),
               "1\tGPS\tUsed    \t7\t40\n"
               "2\tGPS\tNot Used\t7\t40\n");
+}
+
+TEST_F(SatelliteReport, HasColumnsSeparatedByOneTabAndTheUseEightLettersWide)
+{
+    const std::regex line("[0-9]+\t[A-Z]+\t(Used    |Not Used)\t[0-7]\t[0-9]+");
+    std::string text;
+    ASSERT_EQ(controller.getSatelliteInfo(text), 0); // what the receiver has of its own accord
+    std::istringstream lines(text);
+
+    std::size_t count = 0;
+    for (std::string each; std::getline(lines, each); ++count)
+        EXPECT_TRUE(std::regex_match(each, line)) << each;
+
+    EXPECT_GT(count, 4U);
+    EXPECT_EQ(text.back(), '\n');
 }
 
 TEST_F(SatelliteReport, TakesQualityAndUseFromTheirBitsAlone)

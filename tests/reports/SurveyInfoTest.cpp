@@ -184,6 +184,25 @@ TEST_F(SurveyInfo, OfAShortTimeModeHas0ForWhatIsNotThere)
     }
 }
 
+TEST_F(SurveyInfo, IsMadeOfRepliesOfEveryLength)
+{
+    const Bytes whole(30, 0xFF);
+    for (std::size_t length = 0; length <= whole.size(); ++length) {
+        const std::string reply = testsupport::hex({whole.begin(), whole.begin() + static_cast<long>(length)});
+        answer(reply, reply);
+
+        EXPECT_EQ(ask(), 0);
+
+        EXPECT_EQ(survey.mode, length == 0 ? 0 : 255) << length;
+        EXPECT_EQ(survey.longitude == 0, length <= 4) << length;
+        EXPECT_EQ(survey.latitude == 0, length <= 8) << length;
+        EXPECT_EQ(survey.height == 0, length <= 12) << length;
+        EXPECT_EQ(survey.accuracy == 0, length <= 16) << length;
+        EXPECT_EQ(survey.duration == 0, length <= 20) << length;
+        EXPECT_EQ(survey.limit == 0, length <= 24) << length;
+    }
+}
+
 TEST_F(SurveyInfo, OfAShortPositionHas0ForWhatIsNotThere)
 {
     const struct

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <ctime>
 
 #include <unistd.h>
@@ -209,6 +210,22 @@ TEST_F(SurveyMode, OfAShortSolutionHas0ForWhatIsNotThere)
         EXPECT_EQ(controller.setSurveyMode("STATIC"), 0);
 
         expectSet(std::string("02 00 01 00 ") + each.position + " DC 05 00 00 30 2A 00 00 E8 03 00 00");
+    }
+}
+
+TEST_F(SurveyMode, IsSetWithRepliesOfEveryLength)
+{
+    const Bytes solution = bytes(kSolution);
+    const Bytes timeMode = bytes(kTimeMode);
+    for (std::size_t length = 0; length <= solution.size(); ++length) {
+        const auto kept = static_cast<long>(length);
+        receiver().clearFaults();
+        receiver().answerWith(kNavPvt, {solution.begin(), solution.begin() + kept});
+        receiver().answerWith(kCfgTmode2, {timeMode.begin(), timeMode.begin() + std::min(28L, kept)});
+
+        EXPECT_EQ(controller.setSurveyMode("AUTO"), 0);
+
+        EXPECT_EQ(takeFrames().size(), 3U) << length;
     }
 }
 
