@@ -1,5 +1,6 @@
 #include "commandline/CommandLine.h"
 
+#include <algorithm>
 #include <exception>
 #include <map>
 #include <sstream>
@@ -65,8 +66,10 @@ int runAction(const CommandLine& line, Console& console, const Surroundings& sur
 {
     Session session(line.options(), console, surroundings);
     const Outcome outcome = line.action()(session);
-    console.write(line.options().json ? outcome.report.asJson(outcome.status)
-                                      : outcome.report.asText(console.hasColours()));
+    if (!outcome.shown) {
+        console.write(line.options().json ? outcome.report.asJson(outcome.status)
+                                          : outcome.report.asText(console.hasColours()));
+    }
     if (!outcome.advice.empty()) {
         console.complain("ubxctl: " + outcome.advice);
     } else if (outcome.status != kDone) {
@@ -81,6 +84,20 @@ std::string oneLine(std::string text)
         if (character == '\n') character = ' ';
     }
     return text;
+}
+
+/// What is wrong with the command line, in one line.
+std::string complaint(const CLI::ParseError& error, const std::vector<std::string>& words)
+{
+    const auto command = std::find_if(words.begin(), words.end(),
+                                      [](const std::string& word) { return !word.empty() && word.front() != '-'; });
+    // The parser misses a command before it sees that there is one it does not know.
+    const std::string text = error.what();
+    if (text.find("subcommand is required") != std::string::npos) {
+        return command == words.end() ? "a command is missing"
+                                      : "no such command as " + *command + ", or not a whole one";
+    }
+    return oneLine(error.what());
 }
 
 } // namespace
@@ -147,7 +164,7 @@ int run(const std::vector<std::string>& words, const Surroundings& surroundings)
             console.write(text.str());
             return kDone;
         }
-        console.complain("ubxctl: " + oneLine(error.what()) + "; try: ubxctl --help");
+        console.complain("ubxctl: " + complaint(error, words) + "; try: ubxctl --help");
         return kUsage;
     }
 

@@ -59,6 +59,13 @@ std::string whyNotOpen()
     }
 }
 
+/// Who has the other end of a pseudo terminal is the receiver, or stands in for it.
+bool isOtherEnd(const fs::path& descriptor)
+{
+    std::error_code gone;
+    return fs::read_symlink(descriptor, gone).filename() == "ptmx";
+}
+
 bool isSame(const struct stat& one, const struct stat& other)
 {
     return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
@@ -98,15 +105,16 @@ std::vector<DeviceUser> usersOf(const struct stat& device)
         if (!std::all_of(name.begin(), name.end(), [](char c) { return c >= '0' && c <= '9'; })) continue;
         const auto pid = static_cast<pid_t>(std::stol(name));
         if (pid == ::getpid()) continue;
+        bool hasDevice = false, isReceiver = false;
         std::error_code gone;
         for (fs::directory_iterator entry(process.path() / "fd", gone), end; !gone && entry != end;
              entry.increment(gone)) {
             struct stat file
             {};
-            if (::stat(entry->path().c_str(), &file) != 0 || !isSame(file, device)) continue;
-            users.push_back({pid, commandOf(pid)});
-            break;
+            hasDevice = hasDevice || (::stat(entry->path().c_str(), &file) == 0 && isSame(file, device));
+            isReceiver = isReceiver || isOtherEnd(entry->path());
         }
+        if (hasDevice && !isReceiver) users.push_back({pid, commandOf(pid)});
     }
     return users;
 }

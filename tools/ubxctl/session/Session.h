@@ -40,6 +40,7 @@ struct Outcome
     Report report;
     int status = 0;
     std::string advice = {}; ///< For standard error when it did not go well; empty: what the status says.
+    bool shown = false;      ///< The command has shown everything itself.
 };
 
 /// One run of ubxctl: what was asked for, and the receiver once it is needed.
