@@ -1,5 +1,6 @@
 // The examples as a user runs them: programs of their own, in a sandbox with a simulated receiver.
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -20,11 +21,18 @@ namespace
 
 using Words = std::vector<std::string>;
 
+/// Without links and "..", as it is in every sandbox that keeps it.
+std::string captures()
+{
+    return std::filesystem::weakly_canonical(testsupport::capturesDirectory());
+}
+
 /// Runs an example on a receiver that is simulated (or played) by ubxsim with these arguments.
 Ended runOn(const Words& receiver, const Words& example)
 {
     const std::string programs = testsupport::programDirectory();
-    Words command{programs + "/ubxsandbox", "--keep", testsupport::capturesDirectory(), programs + "/ubxsim"};
+    Words command{programs + "/ubxsandbox", "--keep", testsupport::sourceDirectory(), "--keep", captures(),
+                  programs + "/ubxsim"};
     command.insert(command.end(), receiver.begin(), receiver.end());
     command.push_back("--");
     command.push_back(programs + "/" + example.front());
@@ -143,7 +151,7 @@ protected:
 
     static Ended replay(const std::string& name)
     {
-        const std::string file = testsupport::capturesDirectory() / name;
+        const std::string file = captures() + "/" + name;
         return runOn({"--replay", file}, {"ubxdemo", "--recording", file});
     }
 };
