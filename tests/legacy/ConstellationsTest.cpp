@@ -6,7 +6,6 @@
 namespace
 {
 
-using testsupport::At;
 using testsupport::bytes;
 using testsupport::frame;
 using testsupport::kPollConstellations;

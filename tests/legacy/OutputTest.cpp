@@ -6,7 +6,7 @@ namespace
 
 using testsupport::bytes;
 using testsupport::frame;
-using testsupport::hex;
+using testsupport::frameOf;
 using testsupport::kPollPort;
 using testsupport::Lines;
 
@@ -21,12 +21,6 @@ protected:
         receiver().answerWith(0x0600, bytes(reply));
     }
 };
-
-std::string frameOf(const UBXMessage& message)
-{
-    const unsigned char* const data = message.getPacketData();
-    return hex({data, data + message.getPacketLength()});
-}
 
 TEST_F(OutputRates, MessageOfARateNamesClassIdAndRate)
 {

@@ -4,7 +4,7 @@ namespace
 {
 
 using testsupport::bytes;
-using testsupport::hex;
+using testsupport::frameOf;
 using testsupport::Lines;
 
 constexpr const char* kStopCold = "B5 62 06 04 04 00 FF FF 08 00 14 6D";
@@ -21,12 +21,6 @@ class RunControl : public testsupport::NeoM8tTest
 protected:
     void answerSecondPulse(const char* payload) { receiver().answerWith(0x0631, bytes(payload)); }
 };
-
-std::string frameOf(const UBXMessage& message)
-{
-    const unsigned char* const data = message.getPacketData();
-    return hex({data, data + message.getPacketLength()});
-}
 
 TEST_F(RunControl, OffMessageIsAControlledStopColdOrHot)
 {

@@ -6,7 +6,6 @@
 namespace
 {
 
-using testsupport::bytes;
 using testsupport::kPollFirstTimePulse;
 using testsupport::Lines;
 

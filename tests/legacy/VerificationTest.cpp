@@ -5,8 +5,6 @@
 namespace
 {
 
-using testsupport::Lines;
-
 /// A controller whose getters answer what they are told, or nothing, and count.
 struct Answering : ubxController_NEOM8T
 {

@@ -10,7 +10,6 @@
 namespace
 {
 
-using testsupport::At;
 using testsupport::Bytes;
 using testsupport::bytes;
 using testsupport::frame;
