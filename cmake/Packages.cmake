@@ -19,8 +19,7 @@ endif()
 # What a package needs of Debian is found by looking at its programs; of ours it is said below.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${CMAKE_LIBRARY_OUTPUT_DIRECTORY}")
-set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
-set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
+configure_file("${PROJECT_SOURCE_DIR}/packaging/shlibs.in" "${PROJECT_BINARY_DIR}/packaging/shlibs" @ONLY)
 
 # ubx_package(NAME SECTION SUMMARY DESCRIPTION [DEPENDS ...] [CONTROL file...])
 macro(ubx_package name section summary description)
@@ -49,7 +48,10 @@ set(platform "${platform_${UBXCONTROL_PLATFORM}}")
 ubx_package(libubxcontrol1 libs "control of a u-blox timing receiver"
   "Identifies, configures and reads a ZED-F9T or NEO-M8T behind /dev/tty_gps\n\
 and switches it on its board. This build reaches the board through\n${platform}."
-  CONTROL "${PROJECT_SOURCE_DIR}/packaging/postrm")
+  CONTROL
+    "${PROJECT_SOURCE_DIR}/packaging/postrm"
+    "${PROJECT_SOURCE_DIR}/packaging/triggers"
+    "${PROJECT_BINARY_DIR}/packaging/shlibs")
 ubx_package(libubxcontrol-dev libdevel "control of a u-blox timing receiver (development files)"
   "Headers, CMake package and pkg-config file for programs that use\nlibubxcontrol."
   DEPENDS "libubxcontrol1 (= ${PROJECT_VERSION})")
