@@ -294,10 +294,9 @@ protected:
     /// As long as the constellations can't be read.
     int withoutConstellations(int (ubxController_ZEDF9T::*operation)(), const char* secondPulse)
     {
-        const CapturedOutput errors(STDERR_FILENO);
-        receiver().ignore(0x068B, 1);
+        answerWrongly(0x068B);
         answerItems(std::string("12 00 05 10 ") + secondPulse, 1);
-        return withFastClock([&] { return (controller.*operation)(); });
+        return whileOneWaitIsInVain([&] { return (controller.*operation)(); });
     }
 };
 
@@ -380,11 +379,10 @@ TEST_F(StopAndStartLegacy, TurnOffAndOnLeaveThePulseAloneWhenTheConstellationsAr
 
 TEST_F(StopAndStartLegacy, TurnOffAndOnSwitchThePulseWhenTheConstellationsAreNotRead)
 {
-    receiver().ignore(0x063E);
-    const CapturedOutput errors(STDERR_FILENO);
-
-    EXPECT_EQ(withFastClock([&] { return controller.turnOff(); }), 4);
-    EXPECT_EQ(withFastClock([&] { return controller.turnOn(); }), 4);
+    answerWrongly(0x063E);
+    EXPECT_EQ(whileOneWaitIsInVain([&] { return controller.turnOff(); }), 4);
+    answerWrongly(0x063E);
+    EXPECT_EQ(whileOneWaitIsInVain([&] { return controller.turnOn(); }), 4);
 
     expectFrames({zedtest::kPollConstellations, zedtest::kSecondPulseOffGps, zedtest::kStopAndForget,
                   zedtest::kPollSecondPulse, zedtest::kStart, zedtest::kPollConstellations, zedtest::kSecondPulseGps,

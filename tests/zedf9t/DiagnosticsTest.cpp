@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <filesystem>
-#include <future>
 #include <regex>
 #include <string>
 #include <vector>
@@ -10,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include "CapturedOutput.h"
-#include "TestClock.h"
 #include "WireFrames.h"
 #include "WriteCalls.h"
 #include "ZedF9tTest.h"
@@ -100,69 +98,11 @@ TEST_F(ResetInfo, WithoutADeviceReports8AndSaysTwiceThatItCanNotSend)
     EXPECT_EQ(log(), Lines{std::string("Could not send : ") + kResetLine});
 }
 
-// time() stands still while one of these lives, but for jumps.
-class StandingClock : public testclock::FastClock
+TEST_F(ResetInfo, Waits4Seconds)
 {
-public:
-    StandingClock() : FastClock(0) {}
-};
+    answer(0x0604, "01");
 
-class TimeLimits : public ZedF9tTest
-{
-protected:
-    /// Whether an operation on a silent receiver ends so many seconds after its frames have been written. It is ended
-    /// in any case.
-    template <typename Operation>
-    bool endsAfter(std::chrono::seconds limit, std::size_t frames, Operation operation)
-    {
-        silence();
-        const StandingClock clock;
-        const CapturedOutput errors(STDERR_FILENO);
-        std::future<int> status = std::async(std::launch::async, operation);
-        receiver().waitForFrames(frames);
-
-        testclock::jump(limit);
-        const bool ended = status.wait_for(2s) == std::future_status::ready;
-        testclock::jump(60s);
-        EXPECT_EQ(status.get(), 4);
-        return ended;
-    }
-
-    /// What an operation returns when a reply comes so many seconds after its frames have been written.
-    template <typename Operation>
-    int statusWhenAnsweredAfter(std::chrono::seconds delay, std::size_t frames, const char* reply, Operation operation)
-    {
-        silence();
-        const StandingClock clock;
-        const CapturedOutput errors(STDERR_FILENO);
-        std::future<int> status = std::async(std::launch::async, operation);
-        receiver().waitForFrames(frames);
-
-        testclock::jump(delay);
-        receiver().say(testsupport::bytes(std::string(reply) + " 0D 0A"));
-        return status.get();
-    }
-};
-
-TEST_F(TimeLimits, ResetInfoWaits4Seconds)
-{
-    const auto ask = [this] { return controller.getResetInfo(); };
-
-    EXPECT_TRUE(endsAfter(4s, 2, ask));
-    receiver().clearReceived();
-    EXPECT_EQ(statusWhenAnsweredAfter(3s, 2, "B5 62 06 04 00 00 0A 24", ask), 0);
-}
-
-TEST_F(TimeLimits, GetterByKeyWaits5Seconds)
-{
-    signed char minCNo = 0;
-    const auto ask = [&] { return controller.getMinCNo(minCNo); };
-
-    EXPECT_TRUE(endsAfter(5s, 1, ask));
-    receiver().clearReceived();
-    EXPECT_EQ(statusWhenAnsweredAfter(4s, 1, "B5 62 06 8B 09 00 01 00 00 00 A3 00 11 20 2A 99 0A", ask), 0);
-
-    EXPECT_EQ(minCNo, 42);
+    expectWait(4s, 0x0604, [this] { quietly([this] { return controller.getResetInfo(); }); });
 }
 
 class PollTest : public ZedF9tTest

@@ -1,10 +1,17 @@
 #include "ZedF9tTest.h"
 
+#include <chrono>
+#include <future>
+#include <thread>
+
 #include "Bytes.h"
 #include "Files.h"
+#include "TestClock.h"
 
 using testsupport::Bytes;
 using testsupport::bytes;
+using testsupport::CapturedOutput;
+using namespace std::chrono_literals;
 
 namespace zedtest
 {
@@ -41,6 +48,26 @@ void ZedF9tTest::answerShortened(const std::string& items, std::size_t length)
 void ZedF9tTest::answer(std::uint16_t classId, const std::string& payload, int times)
 {
     receiver().answerWith(classId, bytes(payload), times);
+}
+
+void ZedF9tTest::answerWrongly(std::uint16_t classId)
+{
+    // Of any message: a wrong checksum holds up every wait.
+    receiver().answerRaw(classId, bytes("B5 62 06 8B 00 00 00 00 0D 0A"), 1);
+}
+
+int ZedF9tTest::whileOneWaitIsInVain(const std::function<int()>& operation)
+{
+    const CapturedOutput errors(STDERR_FILENO);
+    const testclock::FastClock standing(0);
+    std::future<int> status = std::async(std::launch::async, operation);
+    const auto hasEnded = [&] { return status.wait_for(0s) == std::future_status::ready; };
+
+    // The wait complains of the checksum: it has begun, and its time limit can pass.
+    while (errors.text().empty() && !hasEnded())
+        std::this_thread::yield();
+    testclock::jump(5s);
+    return status.get();
 }
 
 void ZedF9tTest::renewTimePulse()

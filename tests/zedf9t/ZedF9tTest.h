@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -34,6 +35,13 @@ protected:
 
     /// The polls of a legacy message are answered with this payload, typed as hexadecimal text.
     void answer(std::uint16_t classId, const std::string& payload, int times = -1);
+
+    /// The next poll of this message is answered with a wrong checksum, for which the library waits on for a good one.
+    void answerWrongly(std::uint16_t classId);
+
+    /// What an operation returns of which one wait is in vain, because of answerWrongly(). The time limit of that wait
+    /// passes at once, and no other.
+    int whileOneWaitIsInVain(const std::function<int()>& operation);
 
     /// The settings of the legacy time pulse, which all controllers share, as they are in a new process. Nothing that
     /// this takes is seen by expectFrames().
