@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <cstdlib>
 #include <fcntl.h>
 #include <sys/ioctl.h>
@@ -17,6 +18,16 @@ namespace
 
 // What the kernel's line discipline keeps for a reader; beyond it bytes would pile up where a flush does not reach.
 constexpr std::size_t kInputBufferSize = 4095;
+
+// How long filling the line may take at most on a busy machine.
+constexpr std::chrono::milliseconds kStuffingPatience{200};
+
+// Bytes that wait to be read from this end; a line that does not tell counts as full.
+std::size_t unread(int end)
+{
+    int count = 0;
+    return ::ioctl(end, FIONREAD, &count) == 0 && count >= 0 ? static_cast<std::size_t>(count) : kInputBufferSize;
+}
 
 [[noreturn]] void fail(const char* what)
 {
@@ -64,11 +75,7 @@ void Pty::close()
 
 std::size_t Pty::room() const
 {
-    int unread = 0;
-    if (!slave_.valid() || ::ioctl(slave_.get(), FIONREAD, &unread) != 0 || unread < 0) {
-        return 0;
-    }
-    return kInputBufferSize - std::min(kInputBufferSize, static_cast<std::size_t>(unread));
+    return slave_.valid() ? kInputBufferSize - std::min(kInputBufferSize, unread(slave_.get())) : 0;
 }
 
 std::size_t Pty::write(const std::uint8_t* data, std::size_t size)
@@ -94,6 +101,18 @@ void Pty::stuffInput()
     if (!slave_.valid()) {
         return;
     }
+    // What is written reaches the reader's buffer a little later and leaves room behind: full is full when that
+    // buffer was full before.
+    const auto end = std::chrono::steady_clock::now() + kStuffingPatience;
+    bool wasFull = false;
+    do {
+        wasFull = unread(master_.get()) >= kInputBufferSize;
+    } while ((stuffOnce() > 0 || !wasFull) && std::chrono::steady_clock::now() < end);
+}
+
+std::size_t Pty::stuffOnce()
+{
+    const std::size_t before = stuffed_;
     const std::array<std::uint8_t, 256> zeros{};
     for (std::size_t size = zeros.size(); size > 0; size /= 2) {
         ssize_t written = 0;
@@ -101,6 +120,7 @@ void Pty::stuffInput()
             stuffed_ += static_cast<std::size_t>(written);
         }
     }
+    return stuffed_ - before;
 }
 
 Bytes Pty::removeStuffing()

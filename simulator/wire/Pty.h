@@ -34,6 +34,8 @@ public:
     Bytes removeStuffing();
 
 private:
+    std::size_t stuffOnce();
+
     Descriptor master_;
     // Kept open by the simulator itself, so that a host closing the device is no hang-up.
     Descriptor slave_;
