@@ -19,6 +19,7 @@
 #include "Configuration.h"
 #include "Recording.h"
 #include "Reports.h"
+#include "Survey.h"
 #include "Transcript.h"
 
 namespace
@@ -32,6 +33,7 @@ struct Options
     std::string recording;
     bool legacy = false;
     bool readOnly = false;
+    bool survey = false;
 };
 
 bool wantsColours()
@@ -139,6 +141,7 @@ int show(const Options& options)
 
     demo::ExpanderView expander(transcript);
     const std::unique_ptr<ubxController> receiver = start(expander, transcript);
+    bool asWanted = true;
     if (recording) {
         // In a recording the answer to a poll by key is that of another key.
         receiver->setZedf9tConfigurationInterfaceMode(false);
@@ -146,13 +149,15 @@ int show(const Options& options)
             *receiver, [&](UBXMessageClassIdValues message) { return recording->holds(message); }, transcript);
     } else if (options.readOnly) {
         readOnly(*receiver, always, transcript);
+    } else if (options.survey) {
+        asWanted = demo::watchSurvey(*receiver, transcript);
     } else {
         transcript.operation("antenna power", "ON", receiver->setAntennaPower("ON"));
         expander.show();
         configureAndRead(*receiver, options.legacy, transcript);
     }
     showLogs(*receiver, transcript);
-    return transcript.summary() ? EXIT_SUCCESS : EXIT_FAILURE;
+    return transcript.summary() && asWanted ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 } // namespace
@@ -165,6 +170,7 @@ int main(int argc, char** argv)
     app.add_option("--recording", options.recording, "The receiver is this recording: ask only for what it holds");
     app.add_flag("--legacy", options.legacy, "Configure a ZED-F9T through legacy messages only");
     app.add_flag("--read-only", options.readOnly, "Change nothing");
+    app.add_flag("--survey", options.survey, "Watch a survey-in of three hours on a receiver whose time runs fast");
     CLI11_PARSE(app, argc, argv);
 
     try {
