@@ -1,11 +1,13 @@
 #include "Run.h"
 
+#include <filesystem>
 #include <map>
 #include <sstream>
 
 #include <unistd.h>
 
 #include "CapturedOutput.h"
+#include "Files.h"
 #include "commandline/Command.h"
 #include "commandline/CommandLine.h"
 
@@ -27,6 +29,14 @@ ubxctl::Surroundings deviceWith(std::chrono::milliseconds replyLimit)
     ubxctl::Surroundings surroundings = ubxctl::Surroundings::real();
     surroundings.exchange = std::make_shared<ubxctl::SerialExchange>(replyLimit);
     return surroundings;
+}
+
+std::string ubxctlCommand()
+{
+    // As in the sandbox of commands: a flush leaves alone what a real port would have sent by then.
+    const std::filesystem::path programs = testsupport::programDirectory();
+    return "env ASAN_OPTIONS=verify_asan_link_order=0 LD_PRELOAD=" +
+           (programs.parent_path() / "lib/libubxttyflush.so").string() + " " + (programs / "ubxctl").string();
 }
 
 std::vector<std::string> commandPaths()

@@ -26,6 +26,9 @@ Ran runUbxctl(const std::vector<std::string>& words);
 /// The device of the sandbox; ubxctl's own polls give up so soon.
 ubxctl::Surroundings deviceWith(std::chrono::milliseconds replyLimit);
 
+/// The program itself, for a shell of a test.
+std::string ubxctlCommand();
+
 /// The paths of all commands: "survey auto".
 std::vector<std::string> commandPaths();
 

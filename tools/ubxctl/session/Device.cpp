@@ -26,6 +26,7 @@ namespace
 {
 
 constexpr auto kPause = std::chrono::milliseconds(50);
+constexpr const char* kUnknown = "unknown";
 
 std::string commandOf(pid_t pid)
 {
@@ -38,7 +39,7 @@ std::string commandOf(pid_t pid)
         const auto byte = static_cast<unsigned char>(character);
         if (byte < 0x20 || byte == 0x7F) character = ' ';
     }
-    return text.empty() ? "unknown" : text;
+    return text.empty() ? kUnknown : text;
 }
 
 std::string whyNotOpen()
@@ -137,7 +138,9 @@ Device::Device(std::chrono::duration<double> patience)
             std::this_thread::sleep_for(kPause);
             continue;
         }
-        const std::vector<DeviceUser> holders = claimants(device);
+        std::vector<DeviceUser> holders = claimants(device);
+        // A process may have left its claim to another that it started.
+        if (holders.empty() || holders.front().command == kUnknown) holders = usersOf(device);
         ::close(fd_);
         throw Failure(kDevice, std::string(kDevicePath) + " is in use by " +
                                    (holders.empty() ? "another process" : holders.front().description()) +
