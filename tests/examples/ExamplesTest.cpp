@@ -123,6 +123,17 @@ TEST(Demo, ReadsAReceiverWithoutChangingIt)
     EXPECT_THAT(ended.output, AllOf(ContainsRegex("antenna cable delay +50 ns +0\n"), Not(HasSubstr("set to"))));
 }
 
+TEST(Demo, WatchesASurveyOfThreeHoursToItsEnd)
+{
+    const Ended ended =
+        runOn({"--model", "neo-m8t", "--speed", "unlimited", "--time-scale", "6000"}, {"ubxdemo", "--survey"});
+
+    EXPECT_EQ(ended.status, 0) << ended.output << ended.errors;
+    EXPECT_THAT(ended.output, AllOf(ContainsRegex("survey +[0-9]+ s, [0-9]+ observations, .* m, not valid, active\n"),
+                                    ContainsRegex("survey +10800 s, 10801 observations, 0\\.[0-9]+ m, valid, ended\n"),
+                                    HasSubstr("The survey has ended with a time-only fix.\n")));
+}
+
 TEST(Demo, UsesNoColoursWhereThereIsNoTerminal)
 {
     const Ended ended = runOnQuick({"--model", "neo-m8t"}, {"ubxdemo", "--read-only"});
