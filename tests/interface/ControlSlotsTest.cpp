@@ -118,7 +118,7 @@ std::vector<Operation> operations()
 std::string answering(const UBXControlInterface& object, std::size_t slot)
 {
     const void* const* table = nullptr;
-    std::memcpy(&table, &object, sizeof table);
+    std::memcpy(&table, static_cast<const void*>(&object), sizeof table);
     Dl_info function{};
     if (::dladdr(table[slot], &function) == 0 || function.dli_saddr != table[slot]) return "no exported function";
 

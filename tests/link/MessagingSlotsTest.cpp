@@ -19,7 +19,7 @@ namespace
 const void* slot(const UBXMessagingInterface& object, std::size_t number)
 {
     const void* const* table = nullptr;
-    std::memcpy(&table, &object, sizeof table);
+    std::memcpy(&table, static_cast<const void*>(&object), sizeof table);
     return table[number];
 }
 
