@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "CapturedOutput.h"
+#include "Files.h"
 #include "TestClock.h"
 #include "WholeRun.h"
 
@@ -141,6 +142,7 @@ const std::vector<Silent> kSilent = {
 
 TEST_P(EveryOperation, SilentReceiverIsReportedAndLoggedByEveryOperation)
 {
+    const std::size_t openBefore = testsupport::openDescriptors();
     silence();
     const testclock::FastClock clock(250);
     for (const Silent& silent : kSilent) {
@@ -159,16 +161,20 @@ TEST_P(EveryOperation, SilentReceiverIsReportedAndLoggedByEveryOperation)
         const Lines all = log();
         EXPECT_EQ(Lines(all.begin() + static_cast<std::ptrdiff_t>(before), all.end()), expected);
     }
+    EXPECT_EQ(testsupport::openDescriptors(), openBefore);
 }
 
-// Whatever the receiver makes of it: nothing is read outside a reply.
+// Every message that is polled.
+constexpr std::uint16_t kPolls[] = {0x0102, 0x0107, 0x0135, 0x0600, 0x0604, 0x0608, 0x0611, 0x0623,
+                                    0x0624, 0x0631, 0x0639, 0x063D, 0x063E, 0x068B, 0x0A04};
+
+// Whatever the receiver makes of it: nothing is read outside a reply, and nothing stays open.
 TEST_P(EveryOperation, RepliesOfAnyLengthAreOutlived)
 {
+    const std::size_t openBefore = testsupport::openDescriptors();
     for (std::size_t length = 0; length <= 120; length += length < 48 ? 1 : 9) {
         receiver().clearFaults();
-        for (const std::uint16_t poll :
-             std::vector<std::uint16_t>{0x0102, 0x0107, 0x0135, 0x0600, 0x0604, 0x0608, 0x0611, 0x0623, 0x0624, 0x0631,
-                                        0x0639, 0x063D, 0x063E, 0x068B, 0x0A04})
+        for (const std::uint16_t poll : kPolls)
             receiver().answerWith(poll, testsupport::Bytes(length, 0xFF));
         for (const Silent& operation : kSilent) {
             const int status = quietly([&] { return operation.run(controller); });
@@ -176,6 +182,7 @@ TEST_P(EveryOperation, RepliesOfAnyLengthAreOutlived)
         }
     }
     EXPECT_EQ(log(), Lines{});
+    EXPECT_EQ(testsupport::openDescriptors(), openBefore);
 }
 
 } // namespace
