@@ -150,8 +150,7 @@ public:
     /// Which set of keys the firmware has.
     /// @return 0 for 2.20 or later; 1 for an earlier one; 999 when the version does not say "TIM".
     /// @throws std::invalid_argument or std::out_of_range when no number follows "TIM". The operations that depend on
-    /// the
-    ///         firmware let it pass: constellations, power management and power mode.
+    ///         the firmware let it pass: constellations, power management and power mode.
     int checkUbloxChipFirmVer();
 
     /// Time grid of the pulses through the configuration interface. @return 1 (GPS) for GPS alone, else 0 (UTC).

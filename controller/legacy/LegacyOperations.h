@@ -38,8 +38,7 @@ class LegacyOperations
 public:
     /// @param self               the controller that these operations belong to.
     /// @param timePulseTemplate  changed in place and shared by all controllers of a model: the delay written once
-    /// stays in
-    ///                           every later time-pulse message.
+    ///                           stays in every later time-pulse message.
     LegacyOperations(UBXControlInterface& self, ReceiverLink& link, const LegacyProfile& profile,
                      TimePulseTemplate& timePulseTemplate)
         : self_(self), link_(link), profile_(profile), timePulseTemplate_(timePulseTemplate)
