@@ -11,6 +11,7 @@
 #include <sys/syscall.h>
 
 #include "ChildProcess.h"
+#include "Emulation.h"
 #include "Refusal.h"
 
 using testsupport::Ended;
@@ -19,7 +20,16 @@ using testsupport::runToEnd;
 namespace
 {
 
-TEST(SandboxRefused, SaysInOneLineThatThereAreNoNamespaces)
+class SandboxRefused : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (testsupport::emulated()) GTEST_SKIP() << "the emulator has no seccomp filters to refuse with";
+    }
+};
+
+TEST_F(SandboxRefused, SaysInOneLineThatThereAreNoNamespaces)
 {
     const Ended ended = runToEnd([] {
         refuseSystemCall(SYS_unshare);
@@ -31,7 +41,7 @@ TEST(SandboxRefused, SaysInOneLineThatThereAreNoNamespaces)
     EXPECT_EQ(ended.output, "0 no private /dev, /var/log and /tmp on this system (unshare: Operation not permitted)");
 }
 
-TEST(SandboxRefused, SaysInOneLineThatNothingMayBeMounted)
+TEST_F(SandboxRefused, SaysInOneLineThatNothingMayBeMounted)
 {
     const Ended ended = runToEnd([] {
         refuseSystemCall(SYS_mount);
@@ -46,7 +56,7 @@ TEST(SandboxRefused, SaysInOneLineThatNothingMayBeMounted)
 
 const std::vector<std::string> kOneTestOfThisProgram{"/proc/self/exe", "--gtest_filter=Sandbox.IsWhereTestsRun"};
 
-TEST(SandboxRefused, SkipsTheTestsOfAProgram)
+TEST_F(SandboxRefused, SkipsTheTestsOfAProgram)
 {
     const Ended ended = runToEnd(kOneTestOfThisProgram, [] {
         ::unsetenv("CI");
@@ -59,7 +69,7 @@ TEST(SandboxRefused, SkipsTheTestsOfAProgram)
     EXPECT_TRUE(saidSo); // Without showing the line, which would make this test count as skipped.
 }
 
-TEST(SandboxRefused, FailsTheTestsOfAProgramOnContinuousIntegration)
+TEST_F(SandboxRefused, FailsTheTestsOfAProgramOnContinuousIntegration)
 {
     const Ended ended = runToEnd(kOneTestOfThisProgram, [] {
         ::setenv("CI", "true", 1);
@@ -71,7 +81,7 @@ TEST(SandboxRefused, FailsTheTestsOfAProgramOnContinuousIntegration)
                             "(unshare: Operation not permitted)\n");
 }
 
-TEST(SandboxRefused, StillListsTheTestsOfAProgram)
+TEST_F(SandboxRefused, StillListsTheTestsOfAProgram)
 {
     const Ended ended = runToEnd({"/proc/self/exe", "--gtest_list_tests"}, [] { refuseSystemCall(SYS_unshare); });
 
