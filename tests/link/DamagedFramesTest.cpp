@@ -158,6 +158,19 @@ TEST_F(DamagedFrame, LosesNoMemoryToGoodOnesThatAreReplaced)
     EXPECT_EQ(testsupport::heapBlocks(), before);
 }
 
+TEST_F(DamagedFrame, DoesNotPileUpWhatIsLookedAtAgain)
+{
+    line.say(bytes(kDamaged) + bytes(kItem) + bytes(kFirstText) + bytes("0D"));
+    const long before = testsupport::heapBlocks();
+
+    receive(kItems, [&] {
+        line.sayInPieces(nmea(200), 1);
+        letTimePass();
+    });
+
+    EXPECT_LT(testsupport::heapBlocks() - before, 10); // the other message, kept for a later wait
+}
+
 TEST_F(DamagedFrame, HoldsUpEveryLaterWaitOfTheSamePort)
 {
     line.say(bytes(kDamaged) + bytes("0D"));

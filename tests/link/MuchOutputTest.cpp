@@ -129,6 +129,13 @@ TEST_F(MuchOutput, WithAFalseBeginningAtAnyPlaceDoesNotCostTheReplyBehindIt)
     }
 }
 
+TEST_F(MuchOutput, WithAFalseBeginningThatFillsTheRoomDoesNotCostTheReplyThoughNothingFollows)
+{
+    const Bytes beginning = bytes("B5 62 01 07 FF FF") + bytes(kItem);
+
+    EXPECT_EQ(receive(1, beginning + nmea(kRoomPerSecond - beginning.size())), kItem);
+}
+
 TEST_F(MuchOutput, WithManyFalseBeginningsDoesNotCostTheReplyBehindThem)
 {
     Bytes falseBeginnings;
