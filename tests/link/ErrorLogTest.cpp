@@ -212,10 +212,11 @@ TEST_F(ErrorLog, ThatCannotBeOpenedCostsOnlyItsLines)
 TEST_F(ErrorLog, InADirectoryThatCannotBeWrittenCostsOnlyItsLines)
 {
     sandbox::forbidChanges("/var/log");
-    std::optional<ubxController_NEOM8T> controller(std::in_place);
+    std::optional<linktest::Held<ubxController_NEOM8T>> controller;
+    controller.emplace();
     sandbox::permitChanges("/var/log");
 
-    EXPECT_EQ(failToSend(*controller), 0U);
+    EXPECT_EQ(failToSend(controller->object), 0U);
 
     EXPECT_FALSE(fs::exists(kNeoM8tLog)); // not opened later either
 }

@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <exception>
+#include <memory>
 #include <thread>
 #include <utility>
 
@@ -78,11 +79,11 @@ void LinkTest::letTimePass()
 
 ubxIO& LinkTest::port()
 {
-    if (port_ == nullptr) {
-        port_ = std::make_unique<ubxIO>();
+    if (!port_) {
+        port_.emplace();
         line.opened();
     }
-    return *port_;
+    return port_->object;
 }
 
 void LinkTest::reopen()

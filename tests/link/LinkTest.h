@@ -2,7 +2,7 @@
 
 #include <chrono>
 #include <functional>
-#include <memory>
+#include <optional>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -42,6 +42,14 @@ public:
 /// What an operation wrote to standard error.
 std::string errorsOf(const std::function<void()>& operation);
 
+/// Holds an object of a class without a virtual destructor, where a compiler would fear that it is one of a derived
+/// class.
+template <typename Object>
+struct Held
+{
+    Object object;
+};
+
 /// How a wait for a message ended.
 struct Wait
 {
@@ -71,7 +79,7 @@ protected:
     StoppedClock clock;
 
 private:
-    std::unique_ptr<ubxIO> port_;
+    std::optional<Held<ubxIO>> port_;
 };
 
 /// One after the other.

@@ -68,9 +68,9 @@ protected:
         const std::size_t before = openDescriptors();
         std::string errors;
         {
-            std::optional<ubxIO> port;
+            std::optional<Held<ubxIO>> port;
             errors = errorsOf([&] { port.emplace(); });
-            expectClosed(*port);
+            expectClosed(port->object);
             EXPECT_EQ(openDescriptors(), before);
         }
         EXPECT_EQ(openDescriptors(), before);
@@ -132,12 +132,12 @@ TEST_F(NoPort, WhoseSettingsCannotBeAppliedSaysSo)
 
 TEST_F(NoPort, IsNotOpenedLaterByTheSameObject)
 {
-    std::optional<ubxIO> port;
+    std::optional<Held<ubxIO>> port;
     errorsOf([&] { port.emplace(); });
 
     const Line line;
 
-    expectClosed(*port);
+    expectClosed(port->object);
 }
 
 /// A line whose settings are those of a console.
