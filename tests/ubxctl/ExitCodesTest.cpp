@@ -1,6 +1,7 @@
 // What the exit status says, and the one line that goes with it.
 
 #include <algorithm>
+#include <optional>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -39,17 +40,19 @@ protected:
     }
 };
 
-/// The device is in use by somebody, while the object lives.
+/// The device is in use by somebody, while the object lives. What speaks already has the name that it keeps.
 class Holder
 {
 public:
-    Holder() : child_({"sh", "-c", "exec 9<>/dev/tty_gps; flock 9; echo held; exec sleep 30"})
+    Holder()
     {
-        EXPECT_THAT(child_.readLine(), StartsWith("held"));
+        testsupport::write("/tmp/holder", "held\n");
+        child_.emplace(std::vector<std::string>{"sh", "-c", "exec 9<>/dev/tty_gps; flock 9; exec tail -f /tmp/holder"});
+        EXPECT_THAT(child_->readLine(), StartsWith("held"));
     }
 
 private:
-    testsupport::ChildProcess child_;
+    std::optional<testsupport::ChildProcess> child_;
 };
 
 } // namespace
@@ -172,7 +175,7 @@ TEST_P(ExitCodes, Is69WhenTheDeviceIsInUseAndSaysByWhom)
     const Ran ran = runUbxctl({"info"});
     EXPECT_EQ(ran.code, 69);
     expectOneLine(ran);
-    EXPECT_THAT(ran.errors, testing::ContainsRegex("in use by process [0-9]+ \\(sleep 30\\)"));
+    EXPECT_THAT(ran.errors, testing::ContainsRegex("in use by process [0-9]+ \\(tail -f /tmp/holder\\)"));
     EXPECT_THAT(ran.errors, HasSubstr("--wait-lock"));
 }
 

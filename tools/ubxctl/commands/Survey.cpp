@@ -160,7 +160,6 @@ Outcome runAuto(Session& session, const AutoArguments& arguments)
     const Interrupt interrupt;
     const bool waits = arguments.wait || arguments.freeze;
     SurveyWatch watch(receiver.exchange(), session.console(), session.options().json);
-    if (waits) watch.noteEarlier();
 
     Outcome outcome{Report("survey auto")};
     // A receiver begins a survey anew only when something about it changes.
@@ -168,6 +167,7 @@ Outcome runAuto(Session& session, const AutoArguments& arguments)
     if (present.value.has_value() && timingMode().format.same(*present.value, mode)) {
         outcome.status |= setTimingMode(receiver, TimingMode());
     }
+    if (waits) watch.noteEarlier();
     const bool defaults = arguments.duration.empty() && arguments.accuracy.empty();
     outcome.status |= receiver.write([&](UBXControlInterface& control) {
         return defaults ? control.setSurveyAuto()

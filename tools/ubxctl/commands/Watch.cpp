@@ -111,7 +111,7 @@ Outcome watch(Session& session, Receiver& receiver)
             const Console::Size size = console.size();
             if (size.columns != shown.columns || size.rows != shown.rows) {
                 shown = size;
-                screen.show(monitorScreen(receiver.identity(), snapshot, {size, console.hasColours(), hasBlocks()}));
+                screen.show(monitorScreen(receiver.identity(), snapshot, {size, console.hasColours(), hasBlocks(), true}));
             }
             std::this_thread::sleep_for(kPause);
             ended = screen.wantsToEnd();

@@ -58,6 +58,9 @@ std::string softwareOf(const Bytes& payload)
 /// Whether the library can append to a log: to the file, or else a new one in its directory.
 bool isWritable(const fs::path& log)
 {
+    std::error_code unknown;
+    const fs::space_info space = fs::space(log.parent_path(), unknown);
+    if (!unknown && space.available == 0) return false;
     if (::access(log.c_str(), F_OK) == 0) return ::access(log.c_str(), W_OK) == 0;
     return ::access(log.parent_path().c_str(), W_OK) == 0;
 }
@@ -162,7 +165,7 @@ bool Doctor::stream()
                   "a silent receiver is held in reset, has its output off, or is wired to another port");
         return false;
     }
-    good("Bytes", "bytes", std::to_string(heard.bytes) + " in " + std::to_string(kListening.count()) + " ms");
+    good("Bytes", "bytes", std::to_string(heard.bytes) + " in " + std::to_string(heard.duration.count()) + " ms");
     if (heard.sentences + heard.frames == 0 || heard.noise * 2 > heard.bytes) {
         bad(kRefused, "Messages", "messages", "most of it can't be understood",
             "the line speed does not match: see stty -F " + std::string(kDevicePath) + " speed");

@@ -11,15 +11,16 @@
 namespace ubxctl
 {
 
-Heard listen(std::chrono::milliseconds duration)
+Heard listen(std::chrono::milliseconds limit)
 {
     constexpr auto kPause = std::chrono::milliseconds(10);
+    constexpr std::size_t kEnough = 5;
     Heard heard;
     ubxIO port;
     Stream stream;
     std::array<unsigned char, 4096> buffer;
-    const auto deadline = std::chrono::steady_clock::now() + duration;
-    while (std::chrono::steady_clock::now() < deadline) {
+    const auto start = std::chrono::steady_clock::now();
+    while (heard.duration < limit && heard.sentences < kEnough && heard.frames < kEnough) {
         const long count = port.ReadFromUART(buffer.data(), static_cast<long>(buffer.size()));
         if (count == 0) std::this_thread::sleep_for(kPause);
         stream.add(buffer.data(), static_cast<std::size_t>(count));
@@ -33,6 +34,8 @@ Heard listen(std::chrono::milliseconds duration)
                 heard.noise += piece->bytes.size();
             }
         }
+        heard.duration =
+            std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start);
     }
     return heard;
 }

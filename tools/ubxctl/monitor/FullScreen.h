@@ -26,8 +26,8 @@ public:
 
 private:
     Console& console_;
-    bool keyboard_;
     termios original_{};
+    bool keyboard_; // behind the settings, which are read along with it
 };
 
 } // namespace ubxctl

@@ -168,7 +168,7 @@ std::vector<std::string> monitorScreen(const Identity& identity, const Snapshot&
     lines.push_back(Line(style)
                         .add(identity.modelName(), Tone::good)
                         .add(identity.isKnown() ? "  " + identity.firmware : "")
-                        .add("   q ends", Tone::dim)
+                        .add(style.stays ? "   q ends" : "", Tone::dim)
                         .text());
     if (snapshot.status != 0) {
         lines.push_back(Line(style).add("The receiver does not reply.", Tone::bad).text());

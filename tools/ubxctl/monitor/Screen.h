@@ -14,7 +14,8 @@ struct ScreenStyle
 {
     Console::Size size;
     bool colours;
-    bool blocks; ///< Whether it can show the bars as block characters.
+    bool blocks;        ///< Whether it can show the bars as block characters.
+    bool stays = false; ///< Whether the picture stays until a key is pressed.
 };
 
 /// The lines of the monitor, at most as many and as wide as the terminal has room for.

@@ -112,7 +112,9 @@ SurveyWatch::End SurveyWatch::follow(const SurveyGoal& goal)
         show(goal);
         if (progress_.active) continue;
         finishLine();
-        return progress_.valid && begun ? End::finished : End::stopped;
+        // A short survey may be over before anybody looked. What is as good as was asked for will do.
+        const bool fulfils = progress_.duration >= goal.duration && progress_.accuracy <= goal.accuracy;
+        return progress_.valid && (begun || fulfils) ? End::finished : End::stopped;
     }
     finishLine();
     return End::interrupted;
