@@ -142,6 +142,22 @@ TEST_P(Survey, FreezeTellsWhenThePositionWasNotTakenOver)
     EXPECT_THAT(ran.errors, HasSubstr("was not taken over"));
 }
 
+TEST_P(Survey, DoesNotFreezeThePositionOfAnEarlierOneThatWasShorter)
+{
+    // 60 s, 61 observations, 1 m, valid and not active: whatever is asked for, and before it.
+    ubxsim::Fault earlier{0x0D04, ubxsim::FaultKind::answerWith, -1, ubxsim::RequestKind::poll, {}};
+    earlier.bytes = {0x3C, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0x40, 0x42, 0x0F, 0, 0x3D, 0, 0, 0, 1, 0, 0, 0};
+    receiver().play(earlier);
+
+    const Ran ran = withFastClock([] {
+        return runUbxctl({"survey", "auto", "--duration", "600s", "--accuracy", "20m", "--freeze"});
+    });
+
+    EXPECT_EQ(ran.code, 1);
+    EXPECT_THAT(ran.errors, HasSubstr("no survey goes on any more"));
+    EXPECT_EQ(timingMode()["mode"], "survey");
+}
+
 TEST_P(Survey, EndsWhenTheReceiverFallsSilent)
 {
     ASSERT_EQ(runUbxctl({"survey", "auto", "--duration", "36000s", "--accuracy", "20m"}).code, 0);
