@@ -173,6 +173,25 @@ TEST_P(InATerminal, SurveyEndsWithTheFixedPosition)
     EXPECT_THAT(screen, HasSubstr("ubxctl save"));
 }
 
+TEST_P(InATerminal, BashCompletesWhatIsTyped)
+{
+    UBX_NEEDS_TOOL("tmux");
+    Terminal terminal(90, 20);
+    terminal.type("PATH=" + testsupport::programDirectory().string() + ":$PATH exec env PS1=bash: bash --norc");
+    terminal.waitFor("bash:");
+    terminal.type("source <(ubxctl help completion); echo sourced");
+    terminal.waitFor("\nsourced");
+
+    terminal.press("-l 'ubxctl set fix'");
+    terminal.press("Tab");
+    EXPECT_THAT(terminal.waitFor("fix-mode"), HasSubstr("bash:ubxctl set fix-mode"));
+    terminal.press("-l 'au'");
+    terminal.press("Tab");
+    terminal.press("Enter");
+    const std::string screen = terminal.waitFor("Fix mode  auto");
+    EXPECT_THAT(screen, HasSubstr("bash:ubxctl set fix-mode auto\nFix mode  auto"));
+}
+
 TEST_P(InATerminal, TablesHaveColoursThereOnly)
 {
     UBX_NEEDS_TOOL("tmux");
