@@ -1,6 +1,7 @@
 // What an operator sees: in a terminal, and in a browser.
 
 #include <chrono>
+#include <filesystem>
 #include <functional>
 #include <regex>
 #include <thread>
@@ -176,8 +177,11 @@ TEST_P(InATerminal, SurveyEndsWithTheFixedPosition)
 TEST_P(InATerminal, BashCompletesWhatIsTyped)
 {
     UBX_NEEDS_TOOL("tmux");
+    std::filesystem::create_directory("/tmp/bin");
     Terminal terminal(90, 20);
-    terminal.type("PATH=" + testsupport::programDirectory().string() + ":$PATH exec env PS1=bash: bash --norc");
+    testsupport::write("/tmp/bin/ubxctl", "#!/bin/sh\nexec " + ubxctlCommand() + " \"$@\"\n");
+    std::filesystem::permissions("/tmp/bin/ubxctl", std::filesystem::perms::owner_all);
+    terminal.type("PATH=/tmp/bin:$PATH exec env PS1=bash: bash --norc");
     terminal.waitFor("bash:");
     terminal.type("source <(ubxctl help completion); echo sourced");
     terminal.waitFor("\nsourced");
