@@ -22,33 +22,6 @@ void writeU16(unsigned char* p, unsigned short value)
 
 } // namespace
 
-unsigned short ubxComputeChecksum(unsigned char* data, unsigned long length)
-{
-    // Sums wrap modulo a power of two of which 256 is a divisor: the low bytes stay right without a reduction per byte.
-    unsigned int a = 0;
-    unsigned int b = 0;
-
-    // CK_B is the sum of all bytes, each weighted by its distance from the end. So a block can be summed up by itself,
-    // with no chain from byte to byte, which compilers turn into vector instructions.
-    constexpr unsigned short kBlock = 32;
-    for (; length >= kBlock; length -= kBlock, data += kBlock) {
-        unsigned short sum = 0;
-        unsigned short weighted = 0;
-        for (unsigned short i = 0; i < kBlock; ++i) {
-            const auto weight = static_cast<unsigned short>(kBlock - i);
-            sum = static_cast<unsigned short>(sum + data[i]);
-            weighted = static_cast<unsigned short>(weighted + weight * data[i]);
-        }
-        b += kBlock * a + weighted;
-        a += sum;
-    }
-    for (unsigned long i = 0; i < length; ++i) {
-        a += data[i];
-        b += a;
-    }
-    return static_cast<unsigned short>((a & 0xFF) | ((b & 0xFF) << 8));
-}
-
 unsigned short ubxGetLengthFromData(unsigned char* p)
 {
     return readU16(p);
