@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstddef>
-#include <vector>
+#include <memory>
 
 #include <UBXMessage.h>
 #include <ubxExport.h>
@@ -34,6 +34,16 @@ public:
     void Empty();
 
 private:
-    std::vector<UBXMessage*> oldestFirst_; // from position taken_ on
-    std::size_t taken_ = 0;
+    UBXCONTROL_INTERNAL void makeRoom();
+    UBXCONTROL_INTERNAL void forget();
+
+    static constexpr std::size_t kFew = 8; // an exchange seldom has more: these cost no allocation
+
+    // Oldest first, from begin_ to before end_.
+    UBXMessage* few_[kFew];
+    std::unique_ptr<UBXMessage*[]> many_;
+    UBXMessage** room_ = few_;
+    std::size_t capacity_ = kFew;
+    std::size_t begin_ = 0;
+    std::size_t end_ = 0;
 };

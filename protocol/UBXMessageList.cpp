@@ -1,7 +1,6 @@
 #include <UBXMessageList.h>
 
 #include <algorithm>
-#include <iterator>
 
 UBXMessageList::UBXMessageList() = default;
 
@@ -12,51 +11,66 @@ UBXMessageList::~UBXMessageList()
 
 void UBXMessageList::AddMessage(UBXMessage* message)
 {
-    oldestFirst_.push_back(message);
+    if (end_ == capacity_) makeRoom();
+    room_[end_++] = message;
+}
+
+// What was taken out at the old end is room, too. Where that is less than half, there must be twice as much.
+void UBXMessageList::makeRoom()
+{
+    if (begin_ < capacity_ / 2) {
+        std::unique_ptr<UBXMessage*[]> wider(new UBXMessage*[2 * capacity_]);
+        std::copy(room_ + begin_, room_ + end_, wider.get());
+        many_ = std::move(wider);
+        room_ = many_.get();
+        capacity_ *= 2;
+    } else {
+        std::copy(room_ + begin_, room_ + end_, room_);
+    }
+    end_ -= begin_;
+    begin_ = 0;
 }
 
 UBXMessage* UBXMessageList::getMessage()
 {
     if (isEmpty()) return nullptr;
-    UBXMessage* const oldest = oldestFirst_[taken_++];
-    if (isEmpty()) {
-        oldestFirst_.clear();
-        taken_ = 0;
-    }
+    UBXMessage* const oldest = room_[begin_++];
+    if (isEmpty()) forget();
     return oldest;
 }
 
 UBXMessage* UBXMessageList::findFirstOfMessage(UBXMessageClassIdValues classId)
 {
-    const auto oldest = oldestFirst_.begin() + static_cast<std::ptrdiff_t>(taken_);
-    const auto newestFirst = std::make_reverse_iterator(oldestFirst_.end());
-    const auto end = std::make_reverse_iterator(oldest);
-    const auto found = std::find_if(newestFirst, end, [classId](const UBXMessage* message) {
-        return message != nullptr && message->getClassId() == classId;
-    });
-    if (found == end) return nullptr;
-
-    UBXMessage* const message = *found;
-    oldestFirst_.erase(std::next(found).base());
-    return message;
+    for (std::size_t i = end_; i > begin_; --i) {
+        UBXMessage* const message = room_[i - 1];
+        if (message == nullptr || message->getClassId() != classId) continue;
+        std::copy(room_ + i, room_ + end_, room_ + i - 1);
+        --end_;
+        return message;
+    }
+    return nullptr;
 }
 
 void UBXMessageList::DumpMessages()
 {
-    for (std::size_t i = oldestFirst_.size(); i > taken_; --i) {
-        if (const UBXMessage* const message = oldestFirst_[i - 1]) message->showPacket();
+    for (std::size_t i = end_; i > begin_; --i) {
+        if (const UBXMessage* const message = room_[i - 1]) message->showPacket();
     }
 }
 
 bool UBXMessageList::isEmpty() const
 {
-    return taken_ == oldestFirst_.size();
+    return begin_ == end_;
 }
 
 void UBXMessageList::Empty()
 {
-    for (std::size_t i = taken_, count = oldestFirst_.size(); i < count; ++i)
-        delete oldestFirst_.at(i);
-    oldestFirst_.clear();
-    taken_ = 0;
+    std::for_each(room_ + begin_, room_ + end_, [](UBXMessage* message) { delete message; });
+    forget();
+}
+
+void UBXMessageList::forget()
+{
+    begin_ = 0;
+    end_ = 0;
 }

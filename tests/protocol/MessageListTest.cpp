@@ -114,6 +114,28 @@ TEST(MessageList, TakesInMessagesBetweenTakingThemOut)
     EXPECT_EQ(numberOf(list.getMessage()), 4);
 }
 
+TEST(MessageList, KeepsTheOrderOfManyMessagesWhileTheOldestAreTakenOut)
+{
+    UBXMessageList list;
+    const auto add = [&](int first, int last) {
+        for (int number = first; number <= last; ++number)
+            list.AddMessage(numbered(UBX_NAV_PVT, static_cast<unsigned char>(number)));
+    };
+    const auto take = [&](int first, int last) {
+        for (int number = first; number <= last; ++number)
+            ASSERT_EQ(numberOf(list.getMessage()), number);
+    };
+
+    add(1, 8);
+    take(1, 3);
+    add(9, 20); // more than there was room for, with a few of the oldest taken
+    take(4, 18);
+    add(21, 40); // the same, with most of them taken
+    EXPECT_EQ(numberOf(list.findFirstOfMessage(UBX_NAV_PVT)), 40);
+    take(19, 39);
+    EXPECT_TRUE(list.isEmpty());
+}
+
 TEST(MessageList, HandsOutTheVeryMessageThatWasAdded)
 {
     UBXMessageList list;
