@@ -8,15 +8,18 @@
 namespace ubx
 {
 
-ReceiveWindow::ReceiveWindow(std::size_t capacity) : bytes_(new unsigned char[capacity]), capacity_(capacity) {}
+ReceiveWindow::ReceiveWindow(std::size_t capacity)
+    : allocated_(capacity > kOwnRoom ? new unsigned char[capacity] : nullptr),
+      bytes_(allocated_ != nullptr ? allocated_.get() : own_.data()),
+      capacity_(capacity)
+{}
 
 bool ReceiveWindow::makeRoom()
 {
-    if (freeBytes() != 0) return false;
     const bool stuck = finished_ == 0;
     if (stuck) finished_ = std::min(frame::kSyncLength, filled_);
     filled_ -= finished_;
-    std::memmove(bytes_.get(), bytes_.get() + finished_, filled_);
+    std::memmove(bytes_, bytes_ + finished_, filled_);
     finished_ = 0;
     return stuck;
 }

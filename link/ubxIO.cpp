@@ -12,6 +12,7 @@
 #include <unistd.h>
 
 #include "link/ReceiveWindow.h"
+#include "link/SignalsHeld.h"
 
 namespace
 {
@@ -30,6 +31,24 @@ void report(const char* line)
     std::cerr << line;
 }
 
+int openDevice()
+{
+    const ubx::SignalsHeld held;
+    return open(kDevice, kOpenFlags);
+}
+
+void closeDevice(int fd)
+{
+    const ubx::SignalsHeld held; // it waits until the line has taken everything
+    close(fd);
+}
+
+ssize_t writeOnce(int fd, const UBXMessage& message)
+{
+    const ubx::SignalsHeld held;
+    return write(fd, message.getPacketData(), message.getPacketLength());
+}
+
 std::size_t windowSize(int timeLimit)
 {
     return static_cast<std::size_t>(std::clamp(timeLimit, 0, kWidestWindowSeconds)) * kWindowBytesPerSecond;
@@ -39,14 +58,14 @@ std::size_t windowSize(int timeLimit)
 
 ubxIO::ubxIO()
 {
-    fd_ = open(kDevice, kOpenFlags);
+    fd_ = openDevice();
     if (fd_ < 0) {
         report("Could not open tty_gps, cannot communicate with the ublox device.\n");
         fd_ = kClosed;
         return;
     }
     if (!SetupUART(fd_)) {
-        close(fd_);
+        closeDevice(fd_);
         fd_ = kClosed;
         return;
     }
@@ -56,7 +75,7 @@ ubxIO::ubxIO()
 
 ubxIO::~ubxIO()
 {
-    if (fd_ != kClosed) close(fd_);
+    if (fd_ != kClosed) closeDevice(fd_);
 }
 
 bool ubxIO::SetupUART(int fd)
@@ -89,7 +108,7 @@ int ubxIO::SendMessage(UBXMessage* message)
         report("Cannot send message to the ublox, the device is not open!\n");
         return -1;
     }
-    const ssize_t written = write(fd_, message->getPacketData(), message->getPacketLength());
+    const ssize_t written = writeOnce(fd_, *message);
     fsync(fd_);
     return static_cast<std::uint32_t>(written) == static_cast<std::uint32_t>(message->getPacketLength()) ? 0 : -1;
 }
@@ -103,26 +122,36 @@ UBXMessage* ubxIO::ReceiveMessage(unsigned short classId, int timeLimit)
     const auto wanted = static_cast<UBXMessageClassIdValues>(classId);
     ubx::ReceiveWindow window(windowSize(timeLimit));
     std::unique_ptr<UBXMessage> candidate;
+    const bool othersLeft = !messageList_->isEmpty(); // by an earlier wait; the first look takes them in
 
     const std::time_t start = std::time(nullptr);
-    bool firstLook = true; // there may be messages left from an earlier wait
+    bool firstLook = true;
+    bool listIsOutdated = false;
+    bool found = false;
     do {
-        const bool lookAgain = window.makeRoom();
+        bool look = firstLook;
+        if (window.isFull()) {
+            if (window.makeRoom()) look = true;
+            listIsOutdated = true;
+        }
         const std::size_t room = std::min(kReadAtOnce, window.freeBytes());
         const long received = ReadFromUART(window.freeSpace(), static_cast<long>(room));
         window.added(static_cast<std::size_t>(received));
-        if (received > 0 || lookAgain || firstLook) {
-            // All of it, also what was looked at before: the messages that precede the reply stay for a later wait,
-            // in however many pieces they came.
-            if (!firstLook) messageList_->Empty();
-            unsigned long resumeAt = 0;
-            messageBuilder_->scan(window.bytes(), window.size(), resumeAt);
-            window.finish(resumeAt);
-            if (UBXMessage* const newest = messageList_->findFirstOfMessage(wanted)) {
-                candidate.reset(newest);
-            } else {
+        if (received > 0 || look) {
+            // The list has what the window holds, in its order: the messages that precede the reply stay for a later
+            // wait. As long as nothing is damaged, only the new bytes have to be looked at for that.
+            const bool damaged = messageBuilder_->getErroredMessageCount() != 0;
+            if (!firstLook && (listIsOutdated || damaged)) {
                 messageList_->Empty();
+                window.startAgain();
             }
+            unsigned long resumeAt = 0;
+            messageBuilder_->scan(window.unfinished(), window.unfinishedBytes(), resumeAt);
+            window.finish(resumeAt);
+            UBXMessage* const newest = messageList_->findFirstOfMessage(wanted);
+            found = newest != nullptr;
+            if (found) candidate.reset(newest);
+            listIsOutdated = firstLook && othersLeft;
             firstLook = false;
         }
         if (messageBuilder_->getErroredMessageCount() != 0) {
@@ -132,6 +161,7 @@ UBXMessage* ubxIO::ReceiveMessage(unsigned short classId, int timeLimit)
         }
     } while (std::difftime(std::time(nullptr), start) < static_cast<double>(timeLimit));
 
+    if (!found) messageList_->Empty();
     report("ubxIO::ReceiveMessage Timed out waiting for rx from u-blox.\n");
     return candidate.release();
 }
