@@ -12,7 +12,11 @@
 /// What a facade holds.
 struct ubxController::Parts
 {
-    ubx::ReceiverLink link{"/var/log/rxtool-errors.log"};
+    // The lines of this log have the time stamp that the facade itself gives.
+    explicit Parts(ubxController& facade) : link("/var/log/rxtool-errors.log", [&facade] { return facade.timeStamp(); })
+    {}
+
+    ubx::ReceiverLink link;
 
     // Empty until the receiver has been identified.
     std::string hardwareVersion;

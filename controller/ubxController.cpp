@@ -23,7 +23,7 @@ std::shared_ptr<UBloxChipEnableInterface> chipEnableOf(const std::string& module
 
 } // namespace
 
-ubxController::ubxController() : parts_(std::make_unique<Parts>())
+ubxController::ubxController() : parts_(std::make_unique<Parts>(*this))
 {
     parts_->chipEnable = chipEnableOf(getModuleHardwareID(kCarrierLocation));
     parts_->chipEnable->resetUBloxChip();

@@ -1,7 +1,5 @@
 #include "link/ReceiverLink.h"
 
-#include "link/TimeStamp.h"
-
 namespace ubx
 {
 
@@ -50,7 +48,7 @@ Reply ReceiverLink::await(ubxIO& port, unsigned short classId, const char* descr
 
 void ReceiverLink::log(const std::string& text)
 {
-    errorLog_.write(timeStamp(), text);
+    errorLog_.write(timeStamp_(), text);
 }
 
 } // namespace ubx

@@ -1,12 +1,15 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include <UBXMessage.h>
 #include <ubxIO.h>
 
 #include "link/ErrorLog.h"
+#include "link/TimeStamp.h"
 #include "protocol/PayloadView.h"
 
 namespace ubx
@@ -57,7 +60,10 @@ class ReceiverLink
 public:
     static constexpr int kReceiveTimeLimit = 5; // seconds
 
-    explicit ReceiverLink(const char* errorLogPath) : errorLog_(errorLogPath) {}
+    /// @param timeStamp  what the lines of the error log begin with.
+    explicit ReceiverLink(const char* errorLogPath, std::function<std::string()> timeStamp = ubx::timeStamp)
+        : errorLog_(errorLogPath), timeStamp_(std::move(timeStamp))
+    {}
 
     /// Writes a command; no acknowledgement is awaited. A failure is only logged. @return 0.
     int send(const UBXMessage& command);
@@ -84,6 +90,7 @@ public:
 
 private:
     ErrorLog errorLog_;
+    std::function<std::string()> timeStamp_;
 };
 
 } // namespace ubx

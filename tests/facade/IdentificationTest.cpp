@@ -271,6 +271,22 @@ TEST_F(MissingDevice, IsLoggedWithTheTextsAsTheirReadersKnowThem)
                                      "Could not send : 0A 04: Poll Receiver/Software Version"}));
 }
 
+TEST_F(MissingDevice, IsLoggedWithTheTimeStampOfTheFacadeThatFailed)
+{
+    class AtNoon : public ubxController
+    {
+    public:
+        std::string timeStamp() override { return "12:00:00_000: "; }
+    };
+    const CapturedOutput errors(STDERR_FILENO);
+    AtNoon controller;
+
+    EXPECT_EQ(controller.configuraProtocolsDefault(), 8);
+
+    EXPECT_EQ(lines("/var/log/rxtool-errors.log").back(),
+              "12:00:00_000:  Did not receive : 06 00: Port Configuration for UART/USB/SPI/DCC Port");
+}
+
 TEST_F(MissingDevice, MakesQueriesReportThatTheyWereNotSentAndCommandsOnlyLog)
 {
     const CapturedOutput errors(STDERR_FILENO);

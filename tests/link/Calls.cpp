@@ -3,9 +3,13 @@
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
+#include <csignal>
+#include <cstdarg>
+#include <cstring>
 #include <mutex>
 
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
 #include <sys/time.h>
@@ -23,6 +27,8 @@ namespace
 std::atomic<bool> watching{false};
 std::atomic<unsigned long> readCount{0};
 std::atomic<unsigned long> readBytes{0};
+std::atomic<unsigned long> opensToInterrupt{0};
+std::atomic<unsigned long> readsToInterrupt{0};
 
 // The device numbers that Linux gives to the near ends of pseudo terminals.
 constexpr unsigned kFirstMajor = 136;
@@ -30,6 +36,7 @@ constexpr unsigned kLastMajor = 143;
 
 std::mutex mutex;
 std::vector<std::string> done;
+std::vector<std::string> withSignals;
 Refusals refusals;
 std::optional<long> microseconds;
 
@@ -49,6 +56,25 @@ void note(std::string call)
 {
     const std::lock_guard lock(mutex);
     done.push_back(std::move(call));
+}
+
+void noteSignals(const char* call)
+{
+    const int before = errno;
+    sigset_t mask;
+    ::pthread_sigmask(SIG_SETMASK, nullptr, &mask);
+    const bool held = ::sigismember(&mask, SIGALRM) == 1 && ::sigismember(&mask, SIGTERM) == 1;
+    errno = before;
+    const std::lock_guard lock(mutex);
+    withSignals.push_back(std::string(call) + (held ? " held" : " open to signals"));
+}
+
+/// Whether this call is one of those.
+bool isInterrupted(std::atomic<unsigned long>& left)
+{
+    if (left == 0) return false;
+    --left;
+    return true;
 }
 
 Refusals present()
@@ -79,6 +105,7 @@ void watch()
     readCount = 0;
     readBytes = 0;
     done.clear();
+    withSignals.clear();
 }
 
 unsigned long reads()
@@ -103,6 +130,22 @@ void clearLog()
     done.clear();
 }
 
+std::vector<std::string> signalLog()
+{
+    const std::lock_guard lock(mutex);
+    return withSignals;
+}
+
+void interruptOpens(unsigned long times)
+{
+    opensToInterrupt = times;
+}
+
+void interruptReads(unsigned long times)
+{
+    readsToInterrupt = times;
+}
+
 void refuse(const Refusals& wanted)
 {
     const std::lock_guard lock(mutex);
@@ -118,17 +161,42 @@ void setMicroseconds(std::optional<long> wanted)
 void reset()
 {
     watching = false;
+    interruptOpens(0);
+    interruptReads(0);
     refuse({});
     setMicroseconds({});
 }
 
 } // namespace calls
 
+UBX_IN_PLACE_OF_THE_SYSTEMS int open(const char* path, int flags, ...)
+{
+    static auto* const original = calls::systems<int(const char*, int, ...)>("open");
+    std::va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(arguments, mode_t) : 0;
+    va_end(arguments);
+    if (calls::watching && std::strcmp(path, "/dev/tty_gps") == 0) {
+        calls::noteSignals("open");
+        if (calls::isInterrupted(calls::opensToInterrupt)) return calls::fail(EINTR);
+    }
+    return original(path, flags, mode);
+}
+
+UBX_IN_PLACE_OF_THE_SYSTEMS int close(int fd)
+{
+    static auto* const original = calls::systems<int(int)>("close");
+    if (calls::isWatched(fd)) calls::noteSignals("close");
+    return original(fd);
+}
+
 UBX_IN_PLACE_OF_THE_SYSTEMS ssize_t read(int fd, void* buffer, std::size_t size)
 {
     static auto* const original = calls::systems<ssize_t(int, void*, std::size_t)>("read");
-    const ssize_t count = original(fd, buffer, size);
-    if (calls::isWatched(fd)) {
+    const bool isWatched = calls::isWatched(fd);
+    const bool interrupted = isWatched && calls::isInterrupted(calls::readsToInterrupt);
+    const ssize_t count = interrupted ? calls::fail(EINTR) : original(fd, buffer, size);
+    if (isWatched) {
         if (count > 0) calls::readBytes += static_cast<unsigned long>(count);
         ++calls::readCount;
     }
@@ -140,6 +208,7 @@ UBX_IN_PLACE_OF_THE_SYSTEMS ssize_t write(int fd, const void* buffer, std::size_
     static auto* const original = calls::systems<ssize_t(int, const void*, std::size_t)>("write");
     if (!calls::isWatched(fd)) return original(fd, buffer, size);
     calls::note("write " + std::to_string(size));
+    calls::noteSignals("write");
     const calls::Refusals refusals = calls::present();
     if (refusals.write != 0) return calls::fail(refusals.write);
     return original(fd, buffer, std::min(size, refusals.writeAtMost.value_or(size)));
