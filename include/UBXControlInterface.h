@@ -17,7 +17,9 @@
 /// as one without a reply.
 ///
 /// Blocking: a poll waits at most 5 seconds for its reply, by the wall clock; "blocks for n replies" means at most n
-/// times that. Operations without such a line return as soon as the port has taken what they send.
+/// times that. Operations without such a line return as soon as the port has taken what they send. A clock that is set
+/// forward during a wait ends it early, one that is set back makes it longer by as much; a reply always ends it.
+/// Signals end no wait, and are held back for the moments in which the port is opened, written and closed.
 ///
 /// Threads: none inside. One thread at a time, and one conversation with the receiver at a time in the whole device.
 ///

@@ -53,7 +53,8 @@ public:
     /// seen on this object, every wait runs to its limit and then gives the last matching message found. Output that
     /// precedes the reply is not limited: what has been looked at makes room for what follows.
     /// @param classId    class/id value of the message.
-    /// @param timeLimit  seconds by the wall clock's whole seconds, and room for a frame in KiB.
+    /// @param timeLimit  seconds by the wall clock's whole seconds, and room for a frame in KiB. A clock that is set
+    ///                   forward meanwhile ends the wait early, one that is set back makes it longer by as much.
     /// @return the caller's to delete; null when none arrived or the port is closed.
     UBXMessage* ReceiveMessage(unsigned short classId, int timeLimit) override;
 

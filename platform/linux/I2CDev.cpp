@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <limits>
 #include <utility>
 #include <vector>
@@ -24,7 +25,11 @@ constexpr unsigned char kHighestAddress = 0x7F;
 int transfer(int bus, i2c_msg* messages, std::size_t count)
 {
     i2c_rdwr_ioctl_data request{messages, static_cast<unsigned int>(count)};
-    return ::ioctl(bus, I2C_RDWR, &request) == static_cast<int>(count) ? kDone : kFailed;
+    int done = kFailed;
+    do // A signal may end a transfer half-way; registers take the same bytes twice.
+        done = ::ioctl(bus, I2C_RDWR, &request);
+    while (done < 0 && errno == EINTR);
+    return done == static_cast<int>(count) ? kDone : kFailed;
 }
 
 /// A message's length has 16 bits.

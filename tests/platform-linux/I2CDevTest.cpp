@@ -165,6 +165,17 @@ TEST_F(OpenI2CDevOnLinux, SaysThatAWriteWasNotDone)
     EXPECT_LT(chip->write(data.data(), 3), 0);
 }
 
+TEST_F(OpenI2CDevOnLinux, TransfersAgainWhatASignalHasEnded)
+{
+    kernel::bring({0xFE, 0x7F});
+    kernel::interruptTransfers(2);
+
+    EXPECT_EQ(chip->read(data.data(), 2, reg.data(), 1), 0);
+
+    EXPECT_EQ(calls(), Calls(3, "transfer 1000: write 21: 06; read 21: 2"));
+    EXPECT_EQ(data, (std::array<unsigned char, 3>{0xFE, 0x7F, 0x33}));
+}
+
 TEST_F(OpenI2CDevOnLinux, WorksAgainAfterAFailure)
 {
     kernel::failTransfers(ETIMEDOUT);

@@ -30,6 +30,7 @@ struct Answers
     int opened = 0;
     int openError = 0;
     int transferError = 0;
+    int interruptions = 0;
     int writeError = 0;
     std::optional<int> messages;
     std::optional<std::size_t> taken;
@@ -122,6 +123,10 @@ int transfer(int file, unsigned long request, const i2c_rdwr_ioctl_data& data)
         const std::size_t brought = std::min<std::size_t>(message.len, all.brought.size());
         std::copy_n(all.brought.begin(), brought, message.buf);
     }
+    if (all.interruptions > 0) {
+        --all.interruptions;
+        return fail(EINTR);
+    }
     if (all.transferError != 0) return fail(all.transferError);
     return all.messages.value_or(static_cast<int>(data.nmsgs));
 }
@@ -156,6 +161,11 @@ void failOpens(int error)
 void failTransfers(int error)
 {
     answers().transferError = error;
+}
+
+void interruptTransfers(int times)
+{
+    answers().interruptions = times;
 }
 
 void failWrites(int error)

@@ -19,6 +19,9 @@ void failOpens(int error);
 void failTransfers(int error);
 void failWrites(int error);
 
+/// The next transfers, so many, end as if a signal had come.
+void interruptTransfers(int times);
+
 /// The next transfers stop after so many messages.
 void stopTransfersAfter(int messages);
 
