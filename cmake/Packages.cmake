@@ -52,6 +52,8 @@ and switches it on its board. This build reaches the board through\n${platform}.
     "${PROJECT_SOURCE_DIR}/packaging/postrm"
     "${PROJECT_SOURCE_DIR}/packaging/triggers"
     "${PROJECT_BINARY_DIR}/packaging/shlibs")
+install(FILES "${PROJECT_SOURCE_DIR}/packaging/lintian-overrides"
+  DESTINATION "${CMAKE_INSTALL_DATAROOTDIR}/lintian/overrides" RENAME libubxcontrol1 COMPONENT libubxcontrol1)
 ubx_package(libubxcontrol-dev libdevel "control of a u-blox timing receiver (development files)"
   "Headers, CMake package and pkg-config file for programs that use\nlibubxcontrol."
   DEPENDS "libubxcontrol1 (= ${PROJECT_VERSION})")
