@@ -15,6 +15,7 @@ function(ubx_add_test_program name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LIBS")
   add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
   ubx_compiler_settings(${name})
+  ubx_compile_quickly(${name})
   target_link_libraries(${name} PRIVATE ubxtestsupport ${arg_LIBS})
 
   file(RELATIVE_PATH folder "${PROJECT_SOURCE_DIR}/tests" "${CMAKE_CURRENT_SOURCE_DIR}")
