@@ -1,0 +1,1 @@
+// A library that takes nothing but the loading.
