@@ -4,8 +4,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <vector>
+#include <filesystem>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -36,10 +37,47 @@ mode_t usualMode()
     return 0666 & ~mask;
 }
 
+[[noreturn]] void fail(const std::string& path, int error)
+{
+    throw Failure(kFile, path + " can't be written: " + std::strerror(error));
+}
+
+/// Where a link leads to: a rename would put a file in the link's place.
+std::string behindLinks(const std::string& path)
+{
+    std::error_code unknown;
+    if (!std::filesystem::is_symlink(path, unknown)) return path;
+    const std::filesystem::path target = std::filesystem::weakly_canonical(path, unknown);
+    return unknown ? path : target.string();
+}
+
+/// Whether it is a device or a pipe, which nothing may be put in the place of.
+bool isDeviceOrPipe(const std::string& path)
+{
+    struct stat there
+    {};
+    return ::stat(path.c_str(), &there) == 0 && !S_ISREG(there.st_mode) && !S_ISDIR(there.st_mode);
+}
+
+void writeThrough(const std::string& path, const std::string& contents)
+{
+    const int fd = ::open(path.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC);
+    const bool good = fd >= 0 && writeWhole(fd, contents);
+    const int error = errno;
+    if (fd >= 0) ::close(fd);
+    if (!good) fail(path, error);
+}
+
 } // namespace
 
-void writeAtomically(const std::string& path, const std::string& contents)
+void writeAtomically(const std::string& name, const std::string& contents)
 {
+    if (isDeviceOrPipe(name)) {
+        writeThrough(name, contents);
+        return;
+    }
+    const std::string path = behindLinks(name);
+
     // Beside it, since a rename can't cross file systems; with a dot before and no known ending, so that what collects
     // files of a kind from the directory passes it over.
     const std::size_t slash = path.rfind('/');
@@ -56,7 +94,7 @@ void writeAtomically(const std::string& path, const std::string& contents)
     if (good) return;
     const int error = errno;
     if (fd >= 0) ::unlink(temporary.c_str());
-    throw Failure(kFile, path + " can't be written: " + std::strerror(error));
+    fail(path, error);
 }
 
 } // namespace ubxctl

@@ -5,8 +5,9 @@
 namespace ubxctl
 {
 
-/// Writes a file so that readers see the old one or the new one, whole; nothing is left behind when that fails.
+/// Writes a file so that readers see the old one or the new one, whole; nothing is left behind when that fails. A
+/// link stays one. Devices and pipes are written to as they are.
 /// @throws Failure
-void writeAtomically(const std::string& path, const std::string& contents);
+void writeAtomically(const std::string& name, const std::string& contents);
 
 } // namespace ubxctl
