@@ -177,6 +177,30 @@ TEST_P(Apply, DoesNotWriteWhatItCouldNotRead)
     EXPECT_EQ(writes(), 0);
 }
 
+TEST_P(Apply, SaysNoReplyWhenTheDeviceIsGoneBeforeTheReading)
+{
+    testsupport::write(kFile, "min-cno = 20\n");
+    ubxctl::Surroundings surroundings = ubxctl::Surroundings::real();
+    const auto identify = surroundings.control;
+    surroundings.control = [&] {
+        auto control = identify();
+        receiver().hangUp();
+        return control;
+    };
+
+    const Ran ran = runUbxctl({"apply", kFile, "--json"}, surroundings);
+
+    EXPECT_NE(ran.code & 12, 0);
+    EXPECT_EQ(ran.code & 1, 0);
+    EXPECT_EQ(resultsOf(ran)["min-cno"], "no reply");
+}
+
+TEST_P(Apply, SaysThatAFileHasNoSetting)
+{
+    testsupport::write(kFile, "# nothing yet\n");
+    EXPECT_THAT(runUbxctl({"apply", kFile}).output, HasSubstr("There is no setting in the file."));
+}
+
 TEST_P(Apply, TakesStandardInput)
 {
     const auto ended =

@@ -139,3 +139,28 @@ TEST(StateFile, IsRefusedWithTheLineThatIsWrong)
     EXPECT_THAT(refusalOf("elevation = 5\nelevation = 6"), testing::StartsWith("f:2: elevation stands in line 1"));
     EXPECT_EQ(refusalOf(""), "taken");
 }
+
+TEST(StateFile, MayBeginWithTheMarkOfSomeEditors)
+{
+    const auto wanted = parseStateFile("\xEF\xBB\xBF" "cable-delay = 42\r\nmin-cno = 9", "f");
+    ASSERT_EQ(wanted.size(), 2U);
+    EXPECT_STREQ(wanted[0].setting->key, "cable-delay");
+    EXPECT_STREQ(wanted[1].setting->key, "min-cno");
+}
+
+TEST(StateFile, WithZeroBytesIsNoText)
+{
+    using namespace std::string_literals;
+    EXPECT_EQ(refusalOf("elevation = 5\ncable\0-delay = 42\n"s), "f:2: a zero byte: this is no text");
+}
+
+TEST(StateFile, ThatCanNotBeReadToItsEndIsNotTakenForAShortOne)
+{
+    try {
+        readStateFile("/proc/self/mem");
+        ADD_FAILURE() << "taken";
+    } catch (const Failure& failure) {
+        EXPECT_EQ(failure.exitCode(), 74);
+        EXPECT_THAT(failure.what(), HasSubstr("/proc/self/mem can't be read to its end"));
+    }
+}

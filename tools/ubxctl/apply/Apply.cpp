@@ -85,7 +85,7 @@ std::vector<Difference> compare(Receiver& receiver, const std::vector<WantedSett
         Difference difference{one, reading.value, reading.value};
         difference.status = reading.status;
         if (reading.status != kDone) {
-            difference.fate = (reading.status & kNoReply) != 0 ? Fate::noReply : Fate::refused;
+            difference.fate = (reading.status & (kNoReply | kNotWritten)) != 0 ? Fate::noReply : Fate::refused;
         } else if (!reading.value.has_value()) {
             difference.fate = Fate::refused;
             difference.status = kRefused;
@@ -131,6 +131,7 @@ Outcome reportOf(const std::vector<Difference>& differences, bool dryRun)
         outcome.status |= difference.status;
     }
     outcome.report.data("dry_run", dryRun);
+    if (differences.empty()) outcome.report.line(Cell("There is no setting in the file.", Tone::attention));
     outcome.report.table("settings", {{"SETTING"}, {"WAS"}, {"WANTED"}, {"RESULT"}}, std::move(rows),
                          std::move(objects));
 

@@ -51,12 +51,15 @@ std::vector<WantedSetting> parseStateFile(std::string_view text, const std::stri
 {
     std::vector<WantedSetting> wanted;
     int number = 0;
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF"; // some editors begin a file with it
+    if (text.substr(0, kByteOrderMark.size()) == kByteOrderMark) text.remove_prefix(kByteOrderMark.size());
     std::istringstream lines{std::string(text)};
     for (std::string whole; std::getline(lines, whole);) {
         ++number;
         const std::string_view line = trimmed(std::string_view(whole).substr(0, whole.find('#')));
         if (line.empty()) continue;
         const std::string place = name + ":" + std::to_string(number) + ": ";
+        if (line.find('\0') != std::string_view::npos) throw Failure(kUsage, place + "a zero byte: this is no text");
         const WantedSetting one = parseLine(line, number, place);
         const auto earlier = std::find_if(wanted.begin(), wanted.end(),
                                           [&](const WantedSetting& other) { return other.setting == one.setting; });
@@ -86,6 +89,7 @@ std::string readStateFile(const std::string& path)
     std::string text;
     for (char character; text.size() <= kLargestFile && stream.get(character);)
         text += character;
+    if (stream.bad()) throw Failure(kFile, path + " can't be read to its end: " + std::strerror(errno));
     if (text.size() > kLargestFile) throw Failure(kUsage, path + " is too long for a file of settings");
     return text;
 }
