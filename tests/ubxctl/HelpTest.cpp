@@ -89,6 +89,9 @@ TEST(ManualPage, HasEveryCommandAndNoMistake)
     EXPECT_EQ(ended.status, 0);
     EXPECT_EQ(ended.errors, "");
     EXPECT_THAT(ended.output, HasSubstr("survey auto"));
+    const std::size_t steps = ended.output.find("A first installation");
+    EXPECT_NE(steps, std::string::npos);
+    EXPECT_EQ(ended.output.find("A first installation", steps + 1), std::string::npos);
 }
 
 TEST_F(Completion, OffersCommandsThenTheirWords)

@@ -47,4 +47,7 @@ std::vector<Command> helpCommands();
 /// A command without arguments.
 std::function<Action(CLI::App&)> plain(Action action);
 
+/// What is wrong with a number of seconds as typed; nothing when it is 0 to 30 days.
+std::string seconds(const std::string& text);
+
 } // namespace ubxctl

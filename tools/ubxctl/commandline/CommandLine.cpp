@@ -1,6 +1,5 @@
 #include "commandline/CommandLine.h"
 
-#include <algorithm>
 #include <exception>
 #include <map>
 #include <sstream>
@@ -8,6 +7,7 @@
 #include <CLI/CLI.hpp>
 
 #include "session/Failure.h"
+#include "settings/Quantity.h"
 #include "settings/Value.h"
 
 namespace ubxctl
@@ -78,26 +78,51 @@ int runAction(const CommandLine& line, Console& console, const Surroundings& sur
     return outcome.status;
 }
 
-std::string oneLine(std::string text)
+/// The words of the commands that were understood: "survey"; and the last of them.
+std::string understood(const CLI::App*& app)
 {
-    for (char& character : text) {
-        if (character == '\n') character = ' ';
+    std::string path;
+    while (!app->get_subcommands().empty()) {
+        app = app->get_subcommands().front();
+        path += app->get_name() + " ";
     }
-    return text;
+    return path;
 }
 
 /// What is wrong with the command line, in one line.
-std::string complaint(const CLI::ParseError& error, const std::vector<std::string>& words)
+std::string complaint(const CLI::ParseError& error, const CLI::App& whole)
 {
-    const auto command = std::find_if(words.begin(), words.end(),
-                                      [](const std::string& word) { return !word.empty() && word.front() != '-'; });
+    const CLI::App* app = &whole;
+    const std::string path = understood(app);
+    const std::string advice = "; try: ubxctl " + path + "--help";
     // The parser misses a command before it sees that there is one it does not know.
-    const std::string text = error.what();
-    if (text.find("subcommand is required") != std::string::npos) {
-        return command == words.end() ? "a command is missing"
-                                      : "no such command as " + *command + ", or not a whole one";
+    if (std::string(error.what()).find("subcommand is required") == std::string::npos) return error.what() + advice;
+
+    const std::vector<std::string> unknown = whole.remaining();
+    if (!unknown.empty() && !unknown.front().empty() && unknown.front().front() == '-') {
+        return "no such option as " + unknown.front() + advice;
     }
-    return oneLine(error.what());
+    std::string text = unknown.empty() ? path + (path.empty() ? "a command is missing" : "is not a whole command")
+                                       : "no such command as " + path + unknown.front();
+    if (app == &whole) return text + advice;
+    const char* separator = "; there are ";
+    for (const CLI::App* further : app->get_subcommands([](const CLI::App*) { return true; })) {
+        text += separator + path + further->get_name();
+        separator = ", ";
+    }
+    return text + advice;
+}
+
+/// A variable of a script that is not set must not count as 0, or as an option that was not given.
+void refuseEmpty(const CLI::App& app)
+{
+    for (const CLI::Option* option : app.get_options()) {
+        for (const std::string& text : option->results()) {
+            if (text.empty()) throw CLI::ValidationError(option->get_name(), "it is empty");
+        }
+    }
+    for (const CLI::App* command : app.get_subcommands())
+        refuseEmpty(*command);
 }
 
 } // namespace
@@ -106,22 +131,23 @@ CommandLine::CommandLine() : app_(std::make_unique<CLI::App>(kDescription, "ubxc
 {
     app_->require_subcommand(1);
     app_->fallthrough();
-    app_->footer(kFooter);
     app_->get_formatter()->column_width(34);
     app_->set_version_flag("--version", UBXCTL_VERSION, "Print the version");
     app_->add_flag("--json", options_.json, "One JSON object instead of text");
     app_->add_flag("--verbose", options_.verbose, "Show what the library prints, on standard error");
     app_->add_option("--wait-lock", options_.lockPatience, "How long to wait while another command uses the receiver")
         ->type_name("SECONDS")
-        ->check(CLI::Range(0.0, 86400.0).description(""));
-    app_->add_option("--interface", options_.language,
-                     "How a ZED-F9T is configured: auto, items (by key) or messages (as earlier receivers)")
+        ->check(seconds);
+    app_->add_option_function<std::string>(
+            "--interface", [this](const std::string& word) { options_.language = kLanguages.at(lowerCase(word)); },
+            "How a ZED-F9T is configured: auto, items (by key) or messages (as earlier receivers)")
         ->type_name("WORD")
-        ->transform(CLI::CheckedTransformer(kLanguages, CLI::ignore_case).description(""));
+        ->check(CLI::IsMember({"auto", "items", "messages"}, CLI::ignore_case).description(""));
     for (const CommandGroup& group : allCommands()) {
         for (const Command& command : group.commands)
             add(command, group.title);
     }
+    app_->footer(kFooter); // behind the commands, which would take it over
 }
 
 CommandLine::~CommandLine() = default;
@@ -149,27 +175,32 @@ void CommandLine::add(const Command& command, const std::string& group)
 void CommandLine::parse(std::vector<std::string> words)
 {
     app_->parse(std::vector<std::string>(words.rbegin(), words.rend())); // CLI11 takes them from the end
+    refuseEmpty(*app_);
 }
 
 int run(const std::vector<std::string>& words, const Surroundings& surroundings)
 {
     CommandLine line;
+    std::string wrong, help;
     try {
         line.parse(words);
     } catch (const CLI::ParseError& error) {
-        Console console(false);
         if (error.get_exit_code() == 0) {
             std::ostringstream text;
             line.app().exit(error, text, text);
-            console.write(text.str());
-            return kDone;
+            help = text.str();
+        } else {
+            wrong = complaint(error, line.app());
         }
-        console.complain("ubxctl: " + complaint(error, words) + "; try: ubxctl --help");
-        return kUsage;
     }
 
     Console console(line.options().verbose);
     try {
+        if (!wrong.empty()) throw Failure(kUsage, wrong);
+        if (!help.empty()) {
+            console.write(help);
+            return kDone;
+        }
         return runAction(line, console, surroundings);
     } catch (const Failure& failure) {
         console.complain(std::string("ubxctl: ") + failure.what());

@@ -147,6 +147,15 @@ double lengthOf(const char* option, const std::string& text)
     return *length;
 }
 
+double degreesOf(const char* argument, const std::string& text)
+{
+    const auto degrees = parseNumber(text);
+    if (!degrees.has_value()) {
+        throw BadValue(std::string(argument) + ": \"" + text + "\" is no number of degrees; such as -31.9505");
+    }
+    return *degrees;
+}
+
 Outcome runAuto(Session& session, const AutoArguments& arguments)
 {
     TimingMode mode;
@@ -238,8 +247,7 @@ Action defineStatic(CLI::App& app)
 {
     struct Arguments
     {
-        double latitude = 0, longitude = 0;
-        std::string height, accuracy = "1m";
+        std::string latitude, longitude, height, accuracy = "1m";
     };
     const auto arguments = std::make_shared<Arguments>();
     app.add_option("latitude", arguments->latitude, "Degrees, north positive")->required();
@@ -250,7 +258,8 @@ Action defineStatic(CLI::App& app)
     return [arguments](Session& session) {
         TimingMode mode;
         mode.kind = TimingMode::Kind::fixed;
-        mode.position = {arguments->latitude, arguments->longitude, lengthOf("height", arguments->height)};
+        mode.position = {degreesOf("latitude", arguments->latitude), degreesOf("longitude", arguments->longitude),
+                         lengthOf("height", arguments->height)};
         mode.accuracy = lengthOf("--accuracy", arguments->accuracy);
         return runMode(session, mode, "survey static");
     };

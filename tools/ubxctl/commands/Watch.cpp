@@ -224,12 +224,13 @@ private:
 
 Action defineTrace(CLI::App& app)
 {
+    constexpr unsigned long kMost = 1'000'000'000;
     const auto arguments = std::make_shared<TraceArguments>();
     app.add_option("--raw", arguments->raw, "Record the bytes too, for: ubxsim --replay FILE")->type_name("FILE");
-    app.add_option("--count", arguments->count, "End after so many frames and sentences")->type_name("N");
-    app.add_option("--seconds", arguments->seconds, "End after so long")
-        ->type_name("SECONDS")
-        ->check(CLI::NonNegativeNumber.description(""));
+    app.add_option("--count", arguments->count, "End after so many frames and sentences")
+        ->type_name("N")
+        ->check(CLI::Range(1UL, kMost).description(""));
+    app.add_option("--seconds", arguments->seconds, "End after so long")->type_name("SECONDS")->check(seconds);
     app.footer("\nOnly listens: nothing is sent. With --json, one object a line for each frame or sentence.");
     return [arguments](Session& session) {
         session.claim();

@@ -44,6 +44,16 @@ int duplicate(int fd)
     return ::fcntl(fd, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
 }
 
+/// A stream that is closed gets a stand-in. What is opened later, the receiver's port among it, would take its number,
+/// and the library would print into that.
+void standInForClosedStreams()
+{
+    int fd = 0;
+    while (fd >= 0 && fd <= STDERR_FILENO)
+        fd = ::open("/dev/null", O_RDWR);
+    if (fd >= 0) ::close(fd);
+}
+
 bool wantsColours()
 {
     const char* refused = std::getenv("NO_COLOR");
@@ -57,11 +67,12 @@ Console::Console(bool verbose)
     : verbose_(verbose),
       output_(duplicate(STDOUT_FILENO)),
       errors_(duplicate(STDERR_FILENO)),
-      aside_(::memfd_create("ubxctl", MFD_CLOEXEC)),
       isTerminal_(::isatty(STDOUT_FILENO) == 1),
       hasColours_(isTerminal_ && wantsColours())
 {
     flushStreams();
+    standInForClosedStreams();
+    aside_ = ::memfd_create("ubxctl", MFD_CLOEXEC);
     if (aside_ >= 0) ::dup2(aside_, STDOUT_FILENO);
     const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
     if (!verbose_ && nowhere >= 0) ::dup2(nowhere, STDERR_FILENO);
@@ -89,7 +100,13 @@ void Console::write(std::string_view text)
 
 void Console::complain(std::string_view line)
 {
-    writeWhole(errors_, std::string(line) + "\n"); // there is nobody left to tell when that fails
+    // What was typed or read from a file may be part of it: a terminal must not obey that.
+    std::string shown(line);
+    for (char& character : shown) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (byte < 0x20 || byte == 0x7F) character = ' ';
+    }
+    writeWhole(errors_, shown + "\n"); // there is nobody left to tell when that fails
 }
 
 Console::Size Console::size() const

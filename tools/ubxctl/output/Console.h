@@ -23,7 +23,7 @@ public:
     /// To standard output. @throws Failure when it can't be written (a full disk, say).
     void write(std::string_view text);
 
-    /// One line to standard error.
+    /// One line to standard error, whatever it holds.
     void complain(std::string_view line);
 
     bool isTerminal() const { return isTerminal_; }
@@ -45,7 +45,7 @@ private:
     bool verbose_;
     int output_;
     int errors_;
-    int aside_;
+    int aside_ = -1;
     bool isTerminal_;
     bool hasColours_;
 };

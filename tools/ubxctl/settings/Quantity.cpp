@@ -38,9 +38,10 @@ std::optional<double> parseWithUnit(std::string_view text, const Unit (&units)[C
     return std::nullopt;
 }
 
+/// A plus before a digit or a point only: "+-5" is no number.
 std::string_view withoutPlus(std::string_view text)
 {
-    return !text.empty() && text.front() == '+' ? text.substr(1) : text;
+    return text.size() > 1 && text[0] == '+' && text[1] != '-' ? text.substr(1) : text;
 }
 
 template <typename Change>
