@@ -1,0 +1,245 @@
+#include "Soak.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <sstream>
+#include <stdexcept>
+#include <thread>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "Bytes.h"
+#include "sandbox/Sandbox.h"
+#include "simulator/faults/ActionText.h"
+
+namespace soak
+{
+
+namespace
+{
+
+using namespace std::chrono_literals;
+
+constexpr const char* kDriveNames[kDrives] = {"NEO-M8T", "ZED-F9T by items", "ZED-F9T by messages"};
+
+// Behind a late answer that nobody waits for any more.
+constexpr auto kLateAnswer = 450ms;
+
+constexpr std::size_t kHistory = 12;
+
+/// Ten times as fast as the wall clock, with sentences all the time.
+ubxsim::SimulatorOptions optionsOf(ubxsim::Model model)
+{
+    ubxsim::SimulatorOptions options;
+    options.model = model;
+    options.epoch = 100ms;
+    options.trailer = testsupport::bytes("0D 0A");
+    return options;
+}
+
+[[noreturn]] void fail(const std::string& what)
+{
+    throw std::runtime_error(what);
+}
+
+std::string differences(const Settings& settings, const Settings& expected)
+{
+    std::string text;
+    for (std::size_t field = 0; field < kFields; ++field) {
+        if (settings[field] == expected[field]) continue;
+        text += std::string(text.empty() ? "" : ", ") + nameOf(static_cast<Field>(field)) + " " +
+                std::to_string(settings[field]) + " instead of " + std::to_string(expected[field]);
+    }
+    return text;
+}
+
+} // namespace
+
+Soak::Soak(Library& library, unsigned seed) : library_(library), random_(seed)
+{
+    receivers_[0].simulator = std::make_unique<ubxsim::ReceiverSimulator>(optionsOf(ubxsim::Model::neoM8t));
+    receivers_[1].simulator = std::make_unique<ubxsim::ReceiverSimulator>(optionsOf(ubxsim::Model::zedF9t));
+    for (Receiver& receiver : receivers_) {
+        receiver.knowledge.settings = settingsOf(*receiver.simulator, &receiver == &receivers_[1]);
+        receiver.knowledge.saved = receiver.knowledge.settings;
+    }
+}
+
+void Soak::play(Receiver& receiver, const std::string& words)
+{
+    const ubxsim::Action action = ubxsim::parseAction(words);
+    if (const auto* fault = std::get_if<ubxsim::Fault>(&action.what)) {
+        receiver.simulator->play(*fault);
+    } else {
+        receiver.simulator->happen(std::get<ubxsim::Event>(action.what));
+    }
+}
+
+void Soak::waitUntilStarted(Drive drive)
+{
+    // The first operation of each table is a query.
+    for (int attempt = 0; attempt < 1000; ++attempt) {
+        if (library_.run(drive, 0, {}, 50).status == 0) return;
+    }
+    fail("the receiver does not answer any more");
+}
+
+// A frame that no receiver knows is sent behind all others: when it has come, so have they.
+void Soak::waitUntilAllIsRead(const Receiver& receiver)
+{
+    static const ubxsim::Bytes kMarker = testsupport::bytes("B5 62 7F 7F 00 00 FE 79");
+    const int fd = ::open(receiver.simulator->devicePath().c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
+    const bool isWritten = ::write(fd, kMarker.data(), kMarker.size()) == static_cast<ssize_t>(kMarker.size());
+    ::close(fd);
+    if (!isWritten) fail("the receiver's line takes nothing");
+    for (;;) {
+        const std::vector<ubxsim::Bytes> frames = receiver.simulator->receivedFrames();
+        if (!frames.empty() && frames.back() == kMarker) break;
+        if (!receiver.simulator->waitForFrames(frames.size() + 1, 20s)) fail("the receiver reads nothing any more");
+    }
+    receiver.simulator->clearReceived();
+}
+
+Arguments Soak::chooseArguments(const Operation& operation)
+{
+    const auto between = [this](long lowest, long highest) {
+        return lowest + static_cast<long>(random_() % static_cast<unsigned long>(highest - lowest + 1));
+    };
+    const long first = between(operation.lowest.first, operation.highest.first);
+    return {first, between(operation.lowest.second, operation.highest.second)};
+}
+
+void Soak::learn(Receiver& receiver, const Operation& operation, Arguments arguments, const Expectation& expected,
+                 Group group)
+{
+    Knowledge& knowledge = receiver.knowledge;
+    const bool isSaved = operation.special == Operation::Special::save && group != Group::setLost &&
+                         group != Group::lineFull && group != Group::deviceGone && group != Group::restart;
+    knowledge.settings = expected.settings;
+    if (isSaved) knowledge.saved = expected.settings;
+    // The library keeps the delay whatever becomes of the message.
+    if (operation.kind == Kind::verifiedSet && std::string(operation.name) == "setAntennaDelay") {
+        knowledge.templateDelay = arguments.first;
+    }
+}
+
+void Soak::step()
+{
+    const auto drive = static_cast<Drive>(random_() % kDrives);
+    const std::vector<Operation>& operations = operationsOf(drive);
+    const std::size_t index = random_() % operations.size();
+    const Operation& operation = operations[index];
+    const Arguments arguments = chooseArguments(operation);
+    const Fault fault = chooseFault(operation, random_);
+    Receiver& receiver = receiverOf(drive);
+    const Expectation expected = expectationOf(operation, arguments, fault.group, receiver.knowledge);
+
+    std::ostringstream what;
+    what << kDriveNames[static_cast<std::size_t>(drive)] << ": " << operation.name << '(' << arguments.first << ", "
+         << arguments.second << ") with the fault \"" << nameOf(fault.group)
+         << (fault.before.empty() ? "" : ": " + fault.before[0]) << '"';
+    history_.push_back(what.str());
+    if (history_.size() > kHistory) history_.pop_front();
+
+    sandbox::linkGps(receiver.simulator->devicePath());
+    for (const std::string& words : fault.before)
+        play(receiver, words);
+    if (fault.group == Group::powerFailure) waitUntilStarted(drive);
+    if (fault.noDevice) sandbox::removeGps();
+
+    last_ = library_.run(drive, index, arguments, expected.clockSpeed);
+    bytesInUse_.push_back(last_.bytesInUse);
+    if (bytesInUse_.size() > kHistory) bytesInUse_.pop_front();
+
+    const bool takesAll = fault.group != Group::lineFull && fault.group != Group::deviceGone;
+    if (takesAll) waitUntilAllIsRead(receiver); // and has met its fault
+    for (const std::string& words : fault.after)
+        play(receiver, words);
+    sandbox::linkGps(receiver.simulator->devicePath());
+    if (fault.group == Group::noReply && fault.before[0].rfind("late", 0) == 0)
+        std::this_thread::sleep_for(kLateAnswer);
+    if (fault.group == Group::restart) waitUntilStarted(drive);
+    if (!takesAll) waitUntilAllIsRead(receiver);
+
+    if (last_.status != expected.status) {
+        fail(what.str() + " gave the status " + std::to_string(last_.status) + ", not " +
+             std::to_string(expected.status));
+    }
+    if (expected.shows && last_.shown != operation.expected(expected.settings)) {
+        fail(what.str() + " gave " + last_.shown + ", not " + operation.expected(expected.settings));
+    }
+    const std::string model = isZedF9t(drive) && expected.isFound ? "ZEDF9T" : "NEOM8T";
+    if (operation.kind == Kind::identification && last_.shown != model) {
+        fail(what.str() + " found a " + last_.shown + ", not a " + model);
+    }
+    const std::string wrong = differences(settingsOf(*receiver.simulator, isZedF9t(drive)), expected.settings);
+    if (!wrong.empty()) fail("after " + what.str() + " the receiver has " + wrong);
+
+    learn(receiver, operation, arguments, expected, fault.group);
+    ++byDrive_[static_cast<std::size_t>(drive)];
+    ++byFault_[static_cast<std::size_t>(fault.group)];
+}
+
+Soak::Held Soak::holds() const
+{
+    // malloc gives a few bytes more than it is asked for, now these, now those: that goes up and down.
+    const auto [least, most] = std::minmax_element(bytesInUse_.begin(), bytesInUse_.end());
+    Held held{last_.blocksInUse, *least, *most, last_.residentPages, last_.descriptors, {}};
+    for (const char* directory : {"/tmp", "/var/log", "/dev"}) {
+        for (const auto& entry : std::filesystem::directory_iterator(directory))
+            held.files.insert(entry.path());
+    }
+    return held;
+}
+
+void Soak::warmedUp()
+{
+    afterWarmUp_ = holds();
+}
+
+void Soak::expectNothingLeft() const
+{
+    const Held now = holds();
+    if (now.descriptors > afterWarmUp_.descriptors) {
+        fail("the library has " + std::to_string(now.descriptors) + " descriptors open, after the warm-up it had " +
+             std::to_string(afterWarmUp_.descriptors));
+    }
+    if (now.blocksInUse > afterWarmUp_.blocksInUse || now.leastBytes > afterWarmUp_.mostBytes) {
+        fail("the library holds " + std::to_string(now.blocksInUse) + " blocks and " + std::to_string(now.leastBytes) +
+             " bytes, after the warm-up it held " + std::to_string(afterWarmUp_.blocksInUse) + " blocks and " +
+             std::to_string(afterWarmUp_.mostBytes) + " bytes");
+    }
+    for (const std::string& file : now.files) {
+        if (afterWarmUp_.files.count(file) == 0) fail(file + " was not there after the warm-up");
+    }
+}
+
+std::string Soak::lastOperations() const
+{
+    std::string text;
+    for (const std::string& line : history_)
+        text += "                 " + line + "\n";
+    return text;
+}
+
+std::string Soak::summary() const
+{
+    std::ostringstream text;
+    unsigned long operations = 0;
+    for (const unsigned long count : byDrive_)
+        operations += count;
+    text << "operations       " << operations;
+    for (std::size_t drive = 0; drive < kDrives; ++drive)
+        text << (drive == 0 ? ": " : ", ") << kDriveNames[drive] << ' ' << byDrive_[drive];
+    for (std::size_t group = 0; group < kGroups; ++group)
+        text << (group == 0 ? "\nfaults           " : ", ") << nameOf(static_cast<Group>(group)) << ' '
+             << byFault_[group];
+    text << "\nheld             " << last_.blocksInUse << " blocks (" << afterWarmUp_.blocksInUse
+         << " after the warm-up), " << last_.bytesInUse << " bytes of heap (" << afterWarmUp_.mostBytes << "), "
+         << last_.residentPages << " pages resident (" << afterWarmUp_.residentPages << "), " << last_.descriptors
+         << " descriptors (" << afterWarmUp_.descriptors << ")\n";
+    return text.str();
+}
+
+} // namespace soak

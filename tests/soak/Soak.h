@@ -1,0 +1,72 @@
+#pragma once
+
+#include <array>
+#include <chrono>
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <random>
+#include <set>
+#include <string>
+
+#include "Expectation.h"
+#include "Library.h"
+
+namespace soak
+{
+
+/// Random operations on simulated receivers with random faults, each looked at when it is done.
+class Soak
+{
+public:
+    Soak(Library& library, unsigned seed);
+
+    /// One operation. @throws std::runtime_error that tells what is not as it must be.
+    void step();
+
+    /// What the library's process and the sandbox hold now counts as what they need.
+    void warmedUp();
+
+    /// @throws std::runtime_error when they hold more than then.
+    void expectNothingLeft() const;
+
+    std::string summary() const;
+
+    /// The last operations, the newest last.
+    std::string lastOperations() const;
+
+private:
+    struct Receiver
+    {
+        std::unique_ptr<ubxsim::ReceiverSimulator> simulator;
+        Knowledge knowledge;
+    };
+
+    struct Held
+    {
+        long blocksInUse = 0;
+        std::size_t leastBytes = 0, mostBytes = 0, residentPages = 0, descriptors = 0;
+        std::set<std::string> files;
+    };
+
+    Receiver& receiverOf(Drive drive) { return receivers_[isZedF9t(drive) ? 1 : 0]; }
+    void play(Receiver& receiver, const std::string& words);
+    void waitUntilStarted(Drive drive);
+    static void waitUntilAllIsRead(const Receiver& receiver);
+    void learn(Receiver& receiver, const Operation& operation, Arguments arguments, const Expectation& expected,
+               Group group);
+    Arguments chooseArguments(const Operation& operation);
+    Held holds() const;
+
+    Library& library_;
+    std::mt19937 random_;
+    std::array<Receiver, 2> receivers_;
+    Done last_;
+    std::deque<std::string> history_;
+    std::deque<std::size_t> bytesInUse_; ///< after each of the last operations
+    Held afterWarmUp_;
+    std::array<unsigned long, kDrives> byDrive_{};
+    std::array<unsigned long, kGroups> byFault_{};
+};
+
+} // namespace soak
