@@ -1,5 +1,5 @@
-// The C library's functions as the code under test finds them: the linker replaces foo by __wrap_foo and offers the real
-// one as __real_foo. See wrapped_functions in fuzz/CMakeLists.txt.
+// The C library's functions as the code under test finds them: the linker replaces foo by __wrap_foo and offers the
+// real one as __real_foo. See wrapped_functions in fuzz/CMakeLists.txt.
 
 #include <algorithm>
 #include <cerrno>

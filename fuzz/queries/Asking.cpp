@@ -117,10 +117,9 @@ void checkSurveyInfo(UBXControlInterface& control, const Conversation& conversat
     const std::string shown = text(mode, latitude, longitude, height, accuracy, duration, static_cast<double>(limit));
     std::string expected = text(99, 99, 99, 99, 99, 99, 99);
     if (position.has_value()) {
-        expected =
-            text(settings->byte(0), position->signedNumber(8) / 1e7, position->signedNumber(4) / 1e7,
-                 position->signedNumber(12) / 1000.0, settings->number(16) / 1000.0, settings->number(20),
-                 static_cast<double>(limitOf(*settings)));
+        expected = text(settings->byte(0), position->signedNumber(8) / 1e7, position->signedNumber(4) / 1e7,
+                        position->signedNumber(12) / 1000.0, settings->number(16) / 1000.0, settings->number(20),
+                        static_cast<double>(limitOf(*settings)));
     } else if (settings.has_value()) {
         expected = text(settings->byte(0), 99, 99, 99, settings->number(16) / 1000.0, settings->number(20),
                         static_cast<double>(limitOf(*settings)));

@@ -83,12 +83,16 @@ const std::vector<Query>& itemQueries()
          },
          "99"},
         {"getAntennaType", kCfgValget, askText<&Control::getAntennaType>,
-         [](const Plain& reply) { return word(reply.byte(kValue), {"unknown", "passive", "active"}, "as before"); },
+         [](const Plain& reply) {
+             return word(reply.byte(kValue), {"unknown", "passive", "active"}, "as before");
+         },
          "as before"},
         {"getGnssSystem", kCfgValget, askConstellations, constellations, "32784"},
         {"getJammingDetection", kCfgValget, askNumber<bool, &Control::getJammingDetection>, flag, "1"},
         {"getSurveyMode", kCfgValget, askText<&Control::getSurveyMode>,
-         [](const Plain& reply) { return word(reply.byte(kValue), {"DYNAMIC", "AUTO", "STATIC"}, "as before"); },
+         [](const Plain& reply) {
+             return word(reply.byte(kValue), {"DYNAMIC", "AUTO", "STATIC"}, "as before");
+         },
          "as before"},
         {"getDurationConfiguration", kCfgValget, askItem<&ubxController_ZEDF9T::getDurationConfiguration>,
          [](const Plain& reply) { return std::to_string(reply.number(kValue)); }, "99"},
@@ -103,7 +107,9 @@ const std::vector<Query>& itemQueries()
         {"getElevationLimit", kCfgValget, askNumber<unsigned char, &Control::getElevationLimit>,
          [](const Plain& reply) { return std::to_string(reply.byte(kValue)); }, "99"},
         {"getTimeReference", kCfgValget, askText<&Control::getTimeReference>,
-         [](const Plain& reply) { return word(reply.byte(kValue), {"UTC", "GPS", "GLO", "BDS", "GAL"}, "UTC"); },
+         [](const Plain& reply) {
+             return word(reply.byte(kValue), {"UTC", "GPS", "GLO", "BDS", "GAL"}, "UTC");
+         },
          "as before"},
         {"isOn", kCfgValget, askNumber<bool, &Control::isOn>, flag, "1"},
     };

@@ -121,13 +121,18 @@ const std::vector<Query>& messageQueries()
          },
          "99"},
         {"getAntennaType", 0x0639, askText<&Control::getAntennaType>,
-         [](const Plain& reply) { return word(reply.byte(5) >> 4 & 3, {"unknown", "passive", "active"}, "unknown"); },
+         [](const Plain& reply) {
+             return word(reply.byte(5) >> 4 & 3, {"unknown", "passive", "active"}, "unknown");
+         },
          "as before"},
         {"getGnssSystem", 0x063E, askNumber<unsigned short, &Control::getGnssSystem>, constellations, "0"},
         {"getJammingDetection", 0x0639, askFlag<&Control::getJammingDetection>,
          [](const Plain& reply) { return std::string(reply.bit(4, 7) ? "on" : "off"); }, "on"},
         {"getSurveyMode", 0x063D, askText<&Control::getSurveyMode>,
-         [](const Plain& reply) { return word(reply.byte(0), {"DYNAMIC", "AUTO", "STATIC"}); }, "as before"},
+         [](const Plain& reply) {
+             return word(reply.byte(0), {"DYNAMIC", "AUTO", "STATIC"});
+         },
+         "as before"},
         {"getNofSatellitesInNavSol", 0x0107, askNumber<unsigned char, &Control::getNofSatellitesInNavSol>,
          [](const Plain& reply) { return std::to_string(reply.byte(23)); }, "99"},
         {"getMinCNo", 0x0623, askNumber<signed char, &Control::getMinCNo>,
@@ -142,7 +147,10 @@ const std::vector<Query>& messageQueries()
          [](const Plain& reply) { return std::to_string(reply.byte(2)) + " " + std::to_string(reply.byte(3)); },
          "99 99"},
         {"getTimeReference", 0x0608, askText<&Control::getTimeReference>,
-         [](const Plain& reply) { return word(reply.byte(4), {"UTC", "GPS"}); }, "as before"},
+         [](const Plain& reply) {
+             return word(reply.byte(4), {"UTC", "GPS"});
+         },
+         "as before"},
         {"getRxMode", 0x0611, askText<&Control::getRxMode>,
          [](const Plain& reply) {
              return reply.byte(1) == 4 ? std::string("ECO") : word(reply.byte(1), {"CONTINUOUS", "POWERSAVE"});
@@ -152,11 +160,16 @@ const std::vector<Query>& messageQueries()
          [](const Plain& reply) { return std::string(reply.bit(28, 0) ? "on" : "off"); }, "on"},
         {"getSatelliteInfo", 0x0135, askText<&Control::getSatelliteInfo>, satellites, "as before"},
         {"getInfo", 0x0A04, askText<&Control::getInfo>, versions, ""},
-        {"getNavsolution ALL", 0x0107, [](Control& control, std::string& shown) { return askSolution(control, "ALL", shown); },
+        {"getNavsolution ALL", 0x0107,
+         [](Control& control, std::string& shown) { return askSolution(control, "ALL", shown); },
          [](const Plain& pvt) { return time(pvt) + "," + fix(pvt) + "," + position(pvt); }, "as before"},
-        {"getNavsolution TIME", 0x0107, [](Control& control, std::string& shown) { return askSolution(control, "TIME", shown); }, time, "as before"},
-        {"getNavsolution FIX", 0x0107, [](Control& control, std::string& shown) { return askSolution(control, "FIX", shown); }, fix, "as before"},
-        {"getNavsolution POS", 0x0107, [](Control& control, std::string& shown) { return askSolution(control, "POS", shown); }, position, "as before"},
+        {"getNavsolution TIME", 0x0107,
+         [](Control& control, std::string& shown) { return askSolution(control, "TIME", shown); }, time, "as before"},
+        {"getNavsolution FIX", 0x0107,
+         [](Control& control, std::string& shown) { return askSolution(control, "FIX", shown); }, fix, "as before"},
+        {"getNavsolution POS", 0x0107,
+         [](Control& control, std::string& shown) { return askSolution(control, "POS", shown); }, position,
+         "as before"},
     };
     return queries;
 }

@@ -87,8 +87,7 @@ int main(int argc, char** argv)
         int count = typedSeeds(seeds, corpus);
         if (argc > 3 && fs::is_directory(argv[3])) {
             for (const auto& file : fs::directory_iterator(argv[3]))
-                if (file.path().extension() == ".log")
-                    count += pieces(file.path(), corpus, seeds.stem() != "parser");
+                if (file.path().extension() == ".log") count += pieces(file.path(), corpus, seeds.stem() != "parser");
         }
         std::cout << count << " seeds\n";
     } catch (const std::exception& error) {

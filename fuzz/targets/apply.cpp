@@ -106,9 +106,9 @@ void tryOn(ubxctl::Receiver& receiver, const std::vector<ubxctl::WantedSetting>&
     const std::vector<ubxctl::Difference> after = ubxctl::compare(receiver, wanted);
     for (std::size_t i = 0; i < after.size(); ++i) {
         const bool isSo = differences[i].fate == Fate::applied || differences[i].fate == Fate::unchanged;
-        fuzz::require(!isSo || after[i].fate == Fate::unchanged,
-                      std::string(wanted[i].setting->key) + " was said to be " + wordFor(differences[i].fate) +
-                          " and is not as wanted");
+        fuzz::require(!isSo || after[i].fate == Fate::unchanged, std::string(wanted[i].setting->key) +
+                                                                     " was said to be " + wordFor(differences[i].fate) +
+                                                                     " and is not as wanted");
     }
 }
 

@@ -24,8 +24,7 @@ ubxsim::ReceiverSetup setupOf(unsigned choice)
     const bool strict = (choice & 4U) != 0;
     const bool l5 = (choice & 8U) != 0;
     ubxsim::ReceiverSetup setup;
-    setup.profile =
-        ubxsim::profileOf(zedF9t ? ubxsim::Model::zedF9t : ubxsim::Model::neoM8t, firmware, strict, l5);
+    setup.profile = ubxsim::profileOf(zedF9t ? ubxsim::Model::zedF9t : ubxsim::Model::neoM8t, firmware, strict, l5);
     setup.port = (choice & 16U) != 0 ? ubxsim::Port::usb : ubxsim::Port::uart1;
     setup.quiet = (choice & 32U) != 0;
     setup.coldStart = (choice & 64U) != 0;
