@@ -16,8 +16,8 @@
 namespace
 {
 
-constexpr bench::Effort kWhole{15, std::size_t{64} << 20, 2000};
-constexpr bench::Effort kQuick{3, std::size_t{4} << 20, 300};
+constexpr bench::Effort kWhole{11, std::size_t{64} << 20, 500};
+constexpr bench::Effort kQuick{3, std::size_t{4} << 20, 100};
 
 // The heap keeps what it once had, and the system has given it: what a round costs does not depend on those before it.
 void fillHeap()
