@@ -179,6 +179,14 @@ TEST_P(ExitCodes, Is69WhenTheDeviceIsInUseAndSaysByWhom)
     EXPECT_THAT(ran.errors, HasSubstr("--wait-lock"));
 }
 
+TEST_P(ExitCodes, OfMetricsOfABusyReceiverIs69AndItDoesNotCountAsDown)
+{
+    testsupport::write("/tmp/ubx.prom", "ubx_up 1\n");
+    const Holder holder;
+    EXPECT_EQ(runUbxctl({"metrics", "--output", "/tmp/ubx.prom"}).code, 69);
+    EXPECT_EQ(testsupport::slurp("/tmp/ubx.prom"), "ubx_up 1\n");
+}
+
 TEST_P(ExitCodes, Is69WhenTheDeviceStaysInUseLongerThanTheCommandWaits)
 {
     const Holder holder;

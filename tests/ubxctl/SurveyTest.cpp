@@ -118,6 +118,19 @@ TEST_P(Survey, WaitsOnForOneThatDoesNotConverge)
     EXPECT_EQ(runUbxctl({"survey", "status", "--json"}).json()["survey_active"], true);
 }
 
+TEST_P(Survey, LetsOtherCommandsInBetweenWhileItIsWatched)
+{
+    turn(ubxsim::EventKind::hopelessSurvey, true);
+    testsupport::ChildProcess survey(
+        {"sh", "-c", "exec " + ubxctlCommand() + " survey auto --duration 60s --accuracy 1m --wait"});
+    EXPECT_THAT(survey.readLine(), ContainsRegex("observations"));
+
+    EXPECT_EQ(runUbxctl({"get", "min-cno", "--wait-lock", "10"}).code, 0);
+
+    survey.send(SIGINT);
+    EXPECT_EQ(survey.wait().status, 130);
+}
+
 TEST_P(Survey, CanBeWatchedAgainAndFrozenThen)
 {
     ASSERT_EQ(runUbxctl({"survey", "auto", "--duration", "120s", "--accuracy", "20m"}).code, 0);

@@ -102,12 +102,13 @@ void freeze(Receiver& receiver, const SurveyProgress& progress, Outcome& outcome
 void follow(Session& session, SurveyWatch& watch, const SurveyGoal& goal, bool andFreeze, Outcome& outcome)
 {
     const SurveyWatch::End end = watch.follow(goal);
-    const SurveyProgress& progress = watch.progress();
-    addProgress(outcome.report, progress);
-    if (progress.hasPosition()) addPosition(outcome.report, progress.position());
+    if (const auto& progress = watch.progress()) {
+        addProgress(outcome.report, *progress);
+        if (progress->hasPosition()) addPosition(outcome.report, progress->position());
+    }
     switch (end) {
     case SurveyWatch::End::finished:
-        if (andFreeze) freeze(session.receiver(), progress, outcome);
+        if (andFreeze) freeze(session.receiver(), *watch.progress(), outcome);
         return;
     case SurveyWatch::End::stopped:
         outcome.status |= kRefused;
@@ -168,7 +169,7 @@ Outcome runAuto(Session& session, const AutoArguments& arguments)
     Receiver& receiver = session.knownReceiver();
     const Interrupt interrupt;
     const bool waits = arguments.wait || arguments.freeze;
-    SurveyWatch watch(receiver.exchange(), session.console(), session.options().json);
+    SurveyWatch watch(session);
 
     Outcome outcome{Report("survey auto")};
     // A receiver begins a survey anew only when something about it changes.
@@ -223,7 +224,7 @@ Action defineWait(CLI::App& app)
             outcome.advice = "no survey goes on; start one with: ubxctl survey auto --wait";
             return outcome;
         }
-        SurveyWatch watch(receiver.exchange(), session.console(), session.options().json);
+        SurveyWatch watch(session);
         follow(session, watch, {mode->duration, mode->accuracy}, *andFreeze, outcome);
         return outcome;
     };

@@ -103,15 +103,18 @@ Outcome watch(Session& session, Receiver& receiver)
     Console& console = session.console();
     const Interrupt interrupt;
     FullScreen screen(console);
+    Snapshot snapshot;
     for (bool ended = false; !ended && !Interrupt::requested();) {
         const auto next = Clock::now() + kRefresh;
-        const Snapshot snapshot = takeSnapshot(receiver);
+        if (session.reclaim()) snapshot = takeSnapshot(receiver); // else another command has it at the moment
+        session.release();
         Console::Size shown{0, 0};
         do {
             const Console::Size size = console.size();
             if (size.columns != shown.columns || size.rows != shown.rows) {
                 shown = size;
-                screen.show(monitorScreen(receiver.identity(), snapshot, {size, console.hasColours(), hasBlocks(), true}));
+                screen.show(
+                    monitorScreen(receiver.identity(), snapshot, {size, console.hasColours(), hasBlocks(), true}));
             }
             std::this_thread::sleep_for(kPause);
             ended = screen.wantsToEnd();
@@ -265,6 +268,8 @@ Action defineMetrics(CLI::App& app)
             outcome.status = snapshot.status;
             const bool answers = snapshot.status == kDone;
             metrics = receiverMetrics(receiver.identity(), snapshot, answers ? cableDelay(receiver) : std::nullopt);
+        } catch (const Busy&) {
+            throw; // that says nothing about the receiver: what was written before stays
         } catch (const Failure& failure) {
             // Who watches a fleet wants to see that this one is down.
             metrics = downMetrics();

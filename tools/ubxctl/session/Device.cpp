@@ -142,9 +142,9 @@ Device::Device(std::chrono::duration<double> patience)
         // A process may have left its claim to another that it started.
         if (holders.empty() || holders.front().command == kUnknown) holders = usersOf(device);
         ::close(fd_);
-        throw Failure(kDevice, std::string(kDevicePath) + " is in use by " +
-                                   (holders.empty() ? "another process" : holders.front().description()) +
-                                   "; wait for it with --wait-lock SECONDS");
+        throw Busy(std::string(kDevicePath) + " is in use by " +
+                   (holders.empty() ? "another process" : holders.front().description()) +
+                   "; wait for it with --wait-lock SECONDS");
     }
 }
 

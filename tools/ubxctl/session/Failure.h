@@ -27,4 +27,11 @@ private:
     int exitCode_;
 };
 
+/// Another command or program uses the receiver.
+class Busy : public Failure
+{
+public:
+    explicit Busy(const std::string& line) : Failure(kDevice, line) {}
+};
+
 } // namespace ubxctl

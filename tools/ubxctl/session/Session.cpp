@@ -33,6 +33,19 @@ void Session::claim()
     if (claim_ == nullptr) claim_ = surroundings_.claim(options_.lockPatience);
 }
 
+bool Session::reclaim()
+{
+    constexpr double kMoment = 1; // s
+    try {
+        if (claim_ == nullptr) claim_ = surroundings_.claim(kMoment);
+    } catch (const Busy&) {
+        return false;
+    } catch (const Failure&) {
+        // The device is gone, perhaps for a restart only: the next question will show.
+    }
+    return true;
+}
+
 Receiver& Session::receiver()
 {
     if (!receiver_.has_value()) {

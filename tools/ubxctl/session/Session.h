@@ -55,6 +55,12 @@ public:
     /// Claims the device, without a word to the receiver. @throws Failure where that is not possible.
     void claim();
 
+    /// Lets other commands at the receiver for a while: between two looks of a watch that goes on for hours.
+    void release() { claim_.reset(); }
+
+    /// Ends that. @return false where another command still uses the receiver after a moment.
+    bool reclaim();
+
     /// Claims the device and identifies the receiver, once.
     Receiver& receiver();
 

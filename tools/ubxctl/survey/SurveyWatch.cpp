@@ -69,13 +69,13 @@ std::string progressLine(const SurveyProgress& progress, const SurveyGoal& goal,
     return line.substr(0, static_cast<std::size_t>(std::max(columns - 1, 1)));
 }
 
-SurveyWatch::SurveyWatch(Exchange& exchange, Console& console, bool quiet)
-    : exchange_(exchange), console_(console), quiet_(quiet)
+SurveyWatch::SurveyWatch(Session& session)
+    : session_(session), console_(session.console()), quiet_(session.options().json)
 {}
 
 std::optional<SurveyProgress> SurveyWatch::ask()
 {
-    const Answer answer = exchange_.ask({kTimSvin});
+    const Answer answer = session_.exchange().ask({kTimSvin});
     if (answer.status != kDone) return std::nullopt;
     return decodeTimSvin(answer.payload);
 }
@@ -96,8 +96,9 @@ SurveyWatch::End SurveyWatch::follow(const SurveyGoal& goal)
     const auto start = Clock::now();
     int unanswered = 0;
     bool begun = false;
-    for (auto next = start; !Interrupt::requested(); waitBetween(next)) {
+    for (auto next = start; !Interrupt::requested(); pauseUntil(next)) {
         next = Clock::now() + kBetweenPolls;
+        if (!session_.reclaim()) continue; // another command has it at the moment
         const auto progress = ask();
         if (Interrupt::requested()) break;
         if (!progress.has_value()) {
@@ -106,30 +107,36 @@ SurveyWatch::End SurveyWatch::follow(const SurveyGoal& goal)
             return End::silent;
         }
         unanswered = 0;
-        progress_ = *progress;
-        begun = begun || progress_.active || (progress_.valid && !isOfEarlier(progress_));
+        begun = begun || progress->active || (progress->valid && !isOfEarlier(*progress));
         if (!begun && Clock::now() - start < kTimeToStart) continue;
-        show(goal);
-        if (progress_.active) continue;
+        progress_ = progress;
+        show(*progress, goal);
+        if (progress->active) continue;
         finishLine();
         // A short survey may be over before anybody looked. What is as good as was asked for will do.
-        const bool fulfils = progress_.duration >= goal.duration && progress_.accuracy <= goal.accuracy;
-        return progress_.valid && (begun || fulfils) ? End::finished : End::stopped;
+        const bool fulfils = progress->duration >= goal.duration && progress->accuracy <= goal.accuracy;
+        return progress->valid && (begun || fulfils) ? End::finished : End::stopped;
     }
     finishLine();
     return End::interrupted;
 }
 
-void SurveyWatch::show(const SurveyGoal& goal)
+void SurveyWatch::pauseUntil(Clock::time_point next)
+{
+    session_.release();
+    waitBetween(next);
+}
+
+void SurveyWatch::show(const SurveyProgress& progress, const SurveyGoal& goal)
 {
     if (quiet_) return;
-    const bool last = !progress_.active;
+    const bool last = !progress.active;
     const auto now = Clock::now();
     if (console_.isTerminal()) {
-        console_.write("\r" + progressLine(progress_, goal, console_.size().columns) + "\x1b[K");
+        console_.write("\r" + progressLine(progress, goal, console_.size().columns) + "\x1b[K");
     } else if (last || !lastShown_.has_value() || now - *lastShown_ >= kBetweenLines) {
         constexpr int kColumnsOfALog = 100;
-        console_.write(progressLine(progress_, goal, kColumnsOfALog) + "\n");
+        console_.write(progressLine(progress, goal, kColumnsOfALog) + "\n");
     } else {
         return;
     }

@@ -6,8 +6,7 @@
 #include <string>
 
 #include "messages/Survey.h"
-#include "output/Console.h"
-#include "wire/Exchange.h"
+#include "session/Session.h"
 
 namespace ubxctl
 {
@@ -37,28 +36,30 @@ public:
         interrupted ///< by the operator; the survey goes on
     };
 
-    /// @param quiet  shows nothing: the output is a program's.
-    SurveyWatch(Exchange& exchange, Console& console, bool quiet);
+    /// Shows nothing when the session's output is a program's. Between two questions, other commands may use the
+    /// receiver.
+    explicit SurveyWatch(Session& session);
 
     /// To be called before the survey is started: what a survey before it has left is not taken for its result.
     void noteEarlier();
 
     End follow(const SurveyGoal& goal);
 
-    /// The last report of the receiver.
-    const SurveyProgress& progress() const { return progress_; }
+    /// The last report of the receiver; none when it has not told yet.
+    const std::optional<SurveyProgress>& progress() const { return progress_; }
 
 private:
     std::optional<SurveyProgress> ask();
     bool isOfEarlier(const SurveyProgress& progress) const;
-    void show(const SurveyGoal& goal);
+    void show(const SurveyProgress& progress, const SurveyGoal& goal);
+    void pauseUntil(Exchange::Clock::time_point next);
     void finishLine();
 
-    Exchange& exchange_;
+    Session& session_;
     Console& console_;
     bool quiet_;
     std::optional<SurveyProgress> earlier_;
-    SurveyProgress progress_{};
+    std::optional<SurveyProgress> progress_;
     std::optional<Exchange::Clock::time_point> lastShown_;
 };
 
