@@ -218,4 +218,11 @@ TEST_P(Commands, SurveyModeStaticSaysWhenThePositionCameOutElsewhere)
     EXPECT_THAT(ran.errors, HasSubstr("ubxctl survey static -31.950"));
 }
 
+TEST_P(Commands, SurveyStaticTakesTheWorstAccuracyThatThereIs)
+{
+    EXPECT_EQ(runUbxctl({"survey", "static", "47.3769", "8.54169", "455.1m", "--accuracy", "200m"}).code, 0);
+    const nlohmann::json held = runUbxctl({"get", "timing-mode", "--json"}).json()["timing_mode"];
+    EXPECT_NEAR(held["accuracy_m"].get<double>(), 200, 1e-6);
+}
+
 UBX_ON_EACH_RECEIVER(Commands);

@@ -93,14 +93,19 @@ Reading getTimingMode(Receiver& receiver)
 
 int setTimingMode(Receiver& receiver, const Value& value)
 {
+    constexpr double kWorstByItems = 20; // m; see below
     const auto& mode = std::get<TimingMode>(value);
-    return receiver.write([&](UBXControlInterface& control) {
+    const bool byItems =
+        receiver.usesItems() && !(mode.kind == TimingMode::Kind::fixed && receiver.language() == Language::automatic &&
+                                  mode.accuracy > kWorstByItems);
+    const auto operation = [&](UBXControlInterface& control) {
         switch (mode.kind) {
         case TimingMode::Kind::survey:
             return control.setSurveyAuto(mode.duration, static_cast<float>(mode.accuracy));
         case TimingMode::Kind::fixed: {
             // By items, the receiver counts the accuracy in tenths of a millimetre, and it is handed millimetres.
-            const double accuracy = receiver.usesItems() ? mode.accuracy * 10 : mode.accuracy;
+            // It takes 200 m at most, so a worse position than 20 m goes by message.
+            const double accuracy = byItems ? mode.accuracy * 10 : mode.accuracy;
             return control.setSurveyStatic(mode.position.latitude, mode.position.longitude, mode.position.height,
                                            accuracy);
         }
@@ -108,7 +113,8 @@ int setTimingMode(Receiver& receiver, const Value& value)
             break;
         }
         return control.setSurveyDynamic();
-    });
+    };
+    return byItems ? receiver.write(operation) : receiver.inMessages(operation);
 }
 
 } // namespace ubxctl
