@@ -225,4 +225,12 @@ TEST_P(Commands, SurveyStaticTakesTheWorstAccuracyThatThereIs)
     EXPECT_NEAR(held["accuracy_m"].get<double>(), 200, 1e-6);
 }
 
+TEST_P(Commands, TimepulseSetSaysWhenTheReceiverKeepsItAsItWas)
+{
+    receiver().keepValue(GetParam().isZedF9t() ? 0x068A : 0x0631);
+    const Ran ran = runUbxctl({"timepulse", "set", "2", "on"});
+    EXPECT_EQ(ran.code, 1);
+    EXPECT_EQ(ran.output, "refused\n");
+}
+
 UBX_ON_EACH_RECEIVER(Commands);

@@ -7,6 +7,8 @@
 
 #include "commandline/Command.h"
 #include "commands/Write.h"
+#include "monitor/Snapshot.h"
+#include "session/Failure.h"
 #include "settings/Setting.h"
 
 namespace ubxctl
@@ -51,11 +53,14 @@ Outcome setPulse(Session& session, const PulseArguments& arguments)
         mask = static_cast<unsigned short>(std::get<long>(*present.value));
     }
     Preserved delay(receiver, {"cable-delay"}); // its message holds a delay too
-    Outcome outcome = write(session, "timepulse set", [&](UBXControlInterface& control) {
-        return control.configTimePulse(mask, static_cast<unsigned char>(arguments.pulse - 1), arguments.state == "on");
+    const auto index = static_cast<unsigned char>(arguments.pulse - 1);
+    const bool wanted = arguments.state == "on";
+    return write(session, "timepulse set", [&](UBXControlInterface& control) {
+        const int status = control.configTimePulse(mask, index, wanted) | delay.restore();
+        const std::optional<bool> holds = pulsesOf(receiver)[index];
+        if (!holds.has_value()) return status | kNoReply;
+        return *holds == wanted ? status : status | kRefused;
     });
-    outcome.status |= delay.restore();
-    return outcome;
 }
 
 Action definePulseSet(CLI::App& app)

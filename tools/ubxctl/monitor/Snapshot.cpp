@@ -15,23 +15,25 @@ constexpr std::uint32_t kPulseItems[] = {0x10050007, 0x10050012}; // whether a t
 constexpr std::size_t kTp5Flags = 28;
 constexpr std::uint32_t kTp5Active = 1;
 
-void readPulses(Receiver& receiver, Snapshot& snapshot)
+} // namespace
+
+std::array<std::optional<bool>, 2> pulsesOf(Receiver& receiver)
 {
+    std::array<std::optional<bool>, 2> pulses;
     if (receiver.usesItems()) {
         std::map<std::uint32_t, std::uint64_t> values;
-        if (receiver.items({kPulseItems[0], kPulseItems[1]}, values) != kDone) return;
+        if (receiver.items({kPulseItems[0], kPulseItems[1]}, values) != kDone) return pulses;
         for (std::size_t pulse = 0; pulse < 2; ++pulse)
-            snapshot.pulses[pulse] = values[kPulseItems[pulse]] != 0;
-        return;
+            pulses[pulse] = values[kPulseItems[pulse]] != 0;
+        return pulses;
     }
     const std::vector<Answer> answers = receiver.exchange().askAll({{UBX_CFG_TP5, {0}}, {UBX_CFG_TP5, {1}}});
     for (std::size_t pulse = 0; pulse < 2; ++pulse) {
         if (answers[pulse].status != kDone) continue;
-        snapshot.pulses[pulse] = (numberAt<std::uint32_t>(answers[pulse].payload, kTp5Flags) & kTp5Active) != 0;
+        pulses[pulse] = (numberAt<std::uint32_t>(answers[pulse].payload, kTp5Flags) & kTp5Active) != 0;
     }
+    return pulses;
 }
-
-} // namespace
 
 Snapshot takeSnapshot(Receiver& receiver)
 {
@@ -46,7 +48,7 @@ Snapshot takeSnapshot(Receiver& receiver)
 
     const Reading mode = findSetting("timing-mode")->get(receiver);
     if (mode.value.has_value()) snapshot.timingMode = std::get<TimingMode>(*mode.value);
-    readPulses(receiver, snapshot);
+    snapshot.pulses = pulsesOf(receiver);
     return snapshot;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <optional>
 #include <vector>
 
@@ -20,11 +21,14 @@ struct Snapshot
     std::optional<HardwareStatus> hardware;
     std::optional<SurveyProgress> survey;
     std::optional<TimingMode> timingMode;
-    std::optional<bool> pulses[2];
+    std::array<std::optional<bool>, 2> pulses;
     int status = 0; ///< of the polls that every receiver answers
 };
 
 Snapshot takeSnapshot(Receiver& receiver);
+
+/// Whether each time pulse is on; none where the receiver does not tell.
+std::array<std::optional<bool>, 2> pulsesOf(Receiver& receiver);
 
 /// How many satellites of a system are tracked and used, and how strong they are on average.
 struct SystemSummary
