@@ -55,12 +55,16 @@ TEST(CommandLine, TakesNoEmptyArgumentForZeroOrForNone)
 
 TEST(CommandLine, TakesDecimalNumbersOnly)
 {
-    const std::vector<std::vector<std::string>> lines = {
-        {"survey", "static", "nan", "8", "455m"}, {"survey", "static", "0x10", "8", "455m"},
-        {"survey", "static", "47,3", "8", "1m"},  {"survey", "static", "47", "1e1", "455m"},
-        {"set", "cable-delay", "+-5"},            {"--wait-lock", "nan", "info"},
-        {"--wait-lock", "2592001", "info"},       {"trace", "--seconds", "nan"},
-        {"trace", "--count", "-1"},               {"trace", "--count", "0"}};
+    const std::vector<std::vector<std::string>> lines = {{"survey", "static", "nan", "8", "455m"},
+                                                         {"survey", "static", "0x10", "8", "455m"},
+                                                         {"survey", "static", "47,3", "8", "1m"},
+                                                         {"survey", "static", "47", "1e1", "455m"},
+                                                         {"set", "cable-delay", "+-5"},
+                                                         {"--wait-lock", "nan", "info"},
+                                                         {"--wait-lock", "2592001", "info"},
+                                                         {"trace", "--seconds", "nan"},
+                                                         {"trace", "--count", "-1"},
+                                                         {"trace", "--count", "0"}};
     for (const auto& words : lines)
         refused(words);
 }

@@ -142,7 +142,9 @@ TEST(StateFile, IsRefusedWithTheLineThatIsWrong)
 
 TEST(StateFile, MayBeginWithTheMarkOfSomeEditors)
 {
-    const auto wanted = parseStateFile("\xEF\xBB\xBF" "cable-delay = 42\r\nmin-cno = 9", "f");
+    const auto wanted = parseStateFile("\xEF\xBB\xBF"
+                                       "cable-delay = 42\r\nmin-cno = 9",
+                                       "f");
     ASSERT_EQ(wanted.size(), 2U);
     EXPECT_STREQ(wanted[0].setting->key, "cable-delay");
     EXPECT_STREQ(wanted[1].setting->key, "min-cno");
