@@ -124,7 +124,8 @@ UBXMessage* ubxIO::ReceiveMessage(unsigned short classId, int timeLimit)
     std::unique_ptr<UBXMessage> candidate;
     const bool othersLeft = !messageList_->isEmpty(); // by an earlier wait; the first look takes them in
 
-    const std::time_t start = std::time(nullptr);
+    // Compared as they are: difftime() costs more than all else of a round where long double has no hardware.
+    const std::time_t end = std::time(nullptr) + timeLimit;
     bool firstLook = true;
     bool listIsOutdated = false;
     bool found = false;
@@ -159,7 +160,7 @@ UBXMessage* ubxIO::ReceiveMessage(unsigned short classId, int timeLimit)
         } else if (candidate != nullptr) {
             return candidate.release();
         }
-    } while (std::difftime(std::time(nullptr), start) < static_cast<double>(timeLimit));
+    } while (std::time(nullptr) < end);
 
     if (!found) messageList_->Empty();
     report("ubxIO::ReceiveMessage Timed out waiting for rx from u-blox.\n");
