@@ -19,13 +19,24 @@ constexpr int kNotSent = 8;
 constexpr std::size_t kHeader = 6;
 constexpr std::size_t kChecksum = 2;
 
+constexpr std::size_t kFlood = 16 * 1024; // a wait of five seconds has room for 5 KiB
+
+Bytes manyTimes(const Bytes& bytes)
+{
+    Bytes many;
+    while (!bytes.empty() && many.size() < kFlood)
+        many.insert(many.end(), bytes.begin(), bytes.end());
+    return many;
+}
+
 /// The n-th write is answered by the n-th answer.
 void answerInTurn(const Conversation& conversation)
 {
     machine().reset();
     machine().bytesPerRead = conversation.bytesPerRead;
     machine().onWrite = [&conversation, writes = std::size_t{0}](const Bytes&) mutable {
-        machine().receive(conversation.answer(writes++));
+        const Bytes& answer = conversation.answer(writes++);
+        machine().receive(conversation.flood ? manyTimes(answer) : answer);
     };
 }
 
@@ -83,6 +94,10 @@ void check(const Query& query, UBXControlInterface& control, const Conversation&
     std::string shown;
     const int status = query.ask(control, shown);
     afterwards();
+    if (conversation.flood) {
+        require(status == kDone || status == kNoReply, std::string(query.name) + " gave " + std::to_string(status));
+        return;
+    }
 
     const auto reply = awaited(conversation.answer(0), conversation.bytesPerRead, query.reply);
     const int expectedStatus = reply.has_value() ? kDone : kNoReply;
@@ -104,6 +119,7 @@ void checkSurveyInfo(UBXControlInterface& control, const Conversation& conversat
     float limit = 99;
     const int status = control.getSurveyInfo(mode, latitude, longitude, height, accuracy, duration, limit);
     afterwards();
+    if (conversation.flood) return;
 
     const auto settings = awaited(conversation.answer(0), conversation.bytesPerRead, kCfgTmode2);
     const auto position =

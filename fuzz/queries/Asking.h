@@ -53,7 +53,7 @@ const std::vector<Query>& itemQueries();
 using Operation = int (*)(UBXControlInterface& control);
 const std::vector<Operation>& operations();
 
-/// Asks one query of a controller whose receiver says this, and compares.
+/// Asks one query of a controller whose receiver says this, and compares. In a flood the status alone counts.
 void check(const Query& query, UBXControlInterface& control, const Conversation& conversation);
 
 /// Survey information comes from two replies.
