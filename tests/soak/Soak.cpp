@@ -154,11 +154,11 @@ void Soak::step()
 
     const bool takesAll = fault.group != Group::lineFull && fault.group != Group::deviceGone;
     if (takesAll) waitUntilAllIsRead(receiver); // and has met its fault
+    if (fault.group == Group::noReply && fault.before[0].rfind("late", 0) == 0)
+        std::this_thread::sleep_for(kLateAnswer);
     for (const std::string& words : fault.after)
         play(receiver, words);
     sandbox::linkGps(receiver.simulator->devicePath());
-    if (fault.group == Group::noReply && fault.before[0].rfind("late", 0) == 0)
-        std::this_thread::sleep_for(kLateAnswer);
     if (fault.group == Group::restart) waitUntilStarted(drive);
     if (!takesAll) waitUntilAllIsRead(receiver);
 
