@@ -60,6 +60,7 @@ int main(int argc, char** argv)
         lines.insert(lines.end(), more.begin(), more.end());
 
     std::vector<char*> pointers;
+    pointers.reserve(arguments.size());
     for (std::string& argument : arguments)
         pointers.push_back(argument.data());
     int count = static_cast<int>(pointers.size());

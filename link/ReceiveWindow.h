@@ -36,7 +36,7 @@ public:
 
 private:
     // Room for the usual wait of five seconds, so that it costs no allocation.
-    static constexpr std::size_t kOwnRoom = 5 * 1024;
+    static constexpr std::size_t kOwnRoom = std::size_t{5} * 1024;
 
     std::array<unsigned char, kOwnRoom> own_; // not initialised: nothing is read that was not received
     std::unique_ptr<unsigned char[]> allocated_;

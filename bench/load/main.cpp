@@ -48,14 +48,14 @@ double median(std::vector<double>& times)
 
 int main(int argc, char** argv)
 {
-    const int rounds = argc == 4 ? std::atoi(argv[3]) : 0;
+    const long rounds = argc == 4 ? std::strtol(argv[3], nullptr, 10) : 0;
     if (rounds <= 0) {
         std::fprintf(stderr, "usage: ubxload LIBRARY FLOOR ROUNDS\n");
         return EXIT_FAILURE;
     }
     std::vector<double> library;
     std::vector<double> floor;
-    for (int i = 0; i < rounds; ++i) {
+    for (long i = 0; i < rounds; ++i) {
         library.push_back(loadTime(argv[1]));
         floor.push_back(loadTime(argv[2]));
         if (library.back() < 0 || floor.back() < 0) return EXIT_FAILURE;

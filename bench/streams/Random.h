@@ -20,7 +20,11 @@ public:
     }
 
     /// 0 to limit - 1.
-    std::uint32_t below(std::uint32_t limit) { return static_cast<std::uint32_t>(std::uint64_t{next()} * limit >> 32); }
+    std::uint32_t below(std::uint32_t limit)
+    {
+        const std::uint64_t product = std::uint64_t{next()} * limit;
+        return static_cast<std::uint32_t>(product >> 32);
+    }
 
     std::uint8_t byte() { return static_cast<std::uint8_t>(next() >> 24); }
 
