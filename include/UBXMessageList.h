@@ -40,7 +40,7 @@ private:
     static constexpr std::size_t kFew = 8; // an exchange seldom has more: these cost no allocation
 
     // Oldest first, from begin_ to before end_.
-    UBXMessage* few_[kFew];
+    UBXMessage* few_[kFew] = {};
     std::unique_ptr<UBXMessage*[]> many_;
     UBXMessage** room_ = few_;
     std::size_t capacity_ = kFew;
