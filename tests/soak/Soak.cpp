@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iomanip>
 #include <sstream>
 #include <stdexcept>
 #include <thread>
@@ -229,16 +230,22 @@ std::string Soak::summary() const
     unsigned long operations = 0;
     for (const unsigned long count : byDrive_)
         operations += count;
-    text << "operations       " << operations;
+    const auto line = [&](const char* label, const std::string& what) {
+        text << std::left << std::setw(17) << label << what << '\n';
+    };
+    const auto counted = [](unsigned long count, const char* what) { return std::to_string(count) + "  " + what; };
+    line("operations", std::to_string(operations));
     for (std::size_t drive = 0; drive < kDrives; ++drive)
-        text << (drive == 0 ? ": " : ", ") << kDriveNames[drive] << ' ' << byDrive_[drive];
+        line(drive == 0 ? "  of which" : "", counted(byDrive_[drive], kDriveNames[drive]));
     for (std::size_t group = 0; group < kGroups; ++group)
-        text << (group == 0 ? "\nfaults           " : ", ") << nameOf(static_cast<Group>(group)) << ' '
-             << byFault_[group];
-    text << "\nheld             " << last_.blocksInUse << " blocks (" << afterWarmUp_.blocksInUse
-         << " after the warm-up), " << last_.bytesInUse << " bytes of heap (" << afterWarmUp_.mostBytes << "), "
-         << last_.residentPages << " pages resident (" << afterWarmUp_.residentPages << "), " << last_.descriptors
-         << " descriptors (" << afterWarmUp_.descriptors << ")\n";
+        line(group == 0 ? "faults" : "", counted(byFault_[group], nameOf(static_cast<Group>(group))));
+    const auto held = [&](const char* label, auto now, auto then) {
+        line(label, std::to_string(now) + ", after the warm-up " + std::to_string(then));
+    };
+    held("heap blocks", last_.blocksInUse, afterWarmUp_.blocksInUse);
+    held("heap bytes", last_.bytesInUse, afterWarmUp_.mostBytes);
+    held("resident pages", last_.residentPages, afterWarmUp_.residentPages);
+    held("descriptors", last_.descriptors, afterWarmUp_.descriptors);
     return text.str();
 }
 
