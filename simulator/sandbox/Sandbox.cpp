@@ -102,7 +102,7 @@ void moveIn(const Request& request)
     const fs::path workingDirectory = fs::current_path();
     const fs::path preload = preloadOf(request);
     makeNamespaces();
-    attempt(::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr), "make mounts private");
+    attempt(::mount("none", "/", "none", MS_REC | MS_PRIVATE, nullptr), "make mounts private");
 
     // All that must stay visible is taken hold of before anything is covered.
     std::array hidden{HiddenDirectory(fs::canonical("/tmp"), "mode=1777"),
@@ -142,7 +142,7 @@ void insistOnSandbox()
 void remount(const std::string& directory, unsigned long flags)
 {
     insistOnSandbox();
-    attempt(::mount(nullptr, directory.c_str(), nullptr, MS_REMOUNT | MS_BIND | MS_NOSUID | flags, nullptr), "remount",
+    attempt(::mount(nullptr, directory.c_str(), "none", MS_REMOUNT | MS_BIND | MS_NOSUID | flags, nullptr), "remount",
             directory);
 }
 

@@ -24,7 +24,7 @@ Descriptor openPlace(const std::string& path, int extraFlags)
 void bind(const std::string& source, const std::string& target)
 {
     // Whole trees, since a mount below the source that belongs to another owner may not be left out.
-    attempt(::mount(source.c_str(), target.c_str(), nullptr, MS_BIND | MS_REC, nullptr), "bind", target);
+    attempt(::mount(source.c_str(), target.c_str(), "none", MS_BIND | MS_REC, nullptr), "bind", target);
 }
 
 void mountEmpty(const std::string& directory, const char* options)
