@@ -1,11 +1,10 @@
 #include "bench/exchange/ExchangeBench.h"
 
 #include <algorithm>
-#include <fstream>
 #include <functional>
-#include <iostream>
 #include <memory>
 
+#include <sys/resource.h>
 #include <ubxController.h>
 #include <ubxController_NEOM8T.h>
 #include <ubxController_ZEDF9T.h>
@@ -44,6 +43,25 @@ double quantile(Times& times, std::size_t percent)
     return times[times.size() * percent / 100];
 }
 
+/// How often the system took the processor from this thread to give it to another.
+long timesInterrupted()
+{
+    rusage usage{};
+    ::getrusage(RUSAGE_THREAD, &usage);
+    return usage.ru_nivcsw;
+}
+
+// An exchange that other programs interrupted tells of them and is left out.
+template <typename Action>
+void timeOnce(Times& times, Action action)
+{
+    const long before = timesInterrupted();
+    const ElapsedTime watch;
+    action();
+    const double time = watch.seconds() * 1e6;
+    if (timesInterrupted() == before) times.push_back(time);
+}
+
 // By turns, so that whatever else the machine does meets both alike.
 void timeByTurns(benchmark::State& state, const Pair& pair, int count)
 {
@@ -51,15 +69,13 @@ void timeByTurns(benchmark::State& state, const Pair& pair, int count)
     runOn(0);
     Times library;
     Times bare;
+    bool good = true;
     for (int i = 0; i < count; ++i) {
-        const ElapsedTime first;
-        const bool good = pair.library();
-        library.push_back(first.seconds() * 1e6);
-        if (!good) return state.SkipWithError("an exchange failed");
-        const ElapsedTime second;
-        pair.bare();
-        bare.push_back(second.seconds() * 1e6);
+        timeOnce(library, [&] { good = pair.library() && good; });
+        timeOnce(bare, pair.bare);
     }
+    if (!good) return state.SkipWithError("an exchange failed");
+    if (library.empty() || bare.empty()) return state.SkipWithError("other programs interrupted every exchange");
     state.counters[kMedian] = quantile(library, 50);
     state.counters[kSlow] = quantile(library, 99);
     state.counters[kBareMedian] = quantile(bare, 50);
