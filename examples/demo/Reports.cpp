@@ -21,8 +21,9 @@ std::vector<std::string> split(const std::string& text, const std::string& separ
 {
     std::vector<std::string> parts;
     std::size_t start = 0;
-    for (std::size_t end; (end = text.find(separator, start)) != std::string::npos; start = end + separator.size()) {
+    for (std::size_t end = text.find(separator); end != std::string::npos; end = text.find(separator, start)) {
         parts.push_back(text.substr(start, end - start));
+        start = end + separator.size();
     }
     parts.push_back(text.substr(start));
     return parts;
@@ -91,7 +92,7 @@ void showSatellites(UBXControlInterface& receiver, Transcript& transcript)
     for (std::string line; std::getline(lines, line);) {
         const std::vector<std::string> fields = split(line, "\t");
         if (fields.size() != 5) continue;
-        const int cno = std::atoi(fields[4].c_str());
+        const long cno = std::strtol(fields[4].c_str(), nullptr, 10);
         std::string row = "    " + padded(fields[1], 15) + padded(fields[0], 11) + padded(fields[2], 10);
         row += padded(fields[3], 9) + padded(fields[4] + " dBHz", 9);
         transcript.row(row + std::string(static_cast<std::size_t>(cno > 0 ? cno / 2 : 0), '='));

@@ -116,7 +116,7 @@ bool Transcript::summary()
 
 std::string Transcript::outcome(int status)
 {
-    const std::string text = std::to_string(status) + meaning(status);
+    std::string text = std::to_string(status) + meaning(status);
     if (!colours_) return text;
     return (status == 0 ? kGreen : kRed) + text + kPlain;
 }

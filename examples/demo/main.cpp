@@ -160,9 +160,7 @@ int show(const Options& options)
     return transcript.summary() && asWanted ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
-} // namespace
-
-int main(int argc, char** argv)
+int run(int argc, char** argv)
 {
     Options options;
     CLI::App app("Shows what the library does with the receiver at /dev/tty_gps, and how it answers.");
@@ -172,9 +170,15 @@ int main(int argc, char** argv)
     app.add_flag("--read-only", options.readOnly, "Change nothing");
     app.add_flag("--survey", options.survey, "Watch a survey-in of three hours on a receiver whose time runs fast");
     CLI11_PARSE(app, argc, argv);
+    return show(options);
+}
 
+} // namespace
+
+int main(int argc, char** argv)
+{
     try {
-        return show(options);
+        return run(argc, argv);
     } catch (const std::exception& error) {
         std::cerr << "ubxdemo: " << error.what() << std::endl;
         return EXIT_FAILURE;

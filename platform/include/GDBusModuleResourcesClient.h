@@ -31,5 +31,5 @@ public:
     std::vector<PcieBar> GetBars();
 
 private:
-    unsigned int location_;
+    unsigned int location_ = 0;
 };

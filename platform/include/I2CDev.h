@@ -29,6 +29,6 @@ public:
 
 private:
     std::string bus_;
-    unsigned char address_;
+    unsigned char address_ = 0;
     int handle_; // By which the platform knows the open bus; negative while it is closed.
 };

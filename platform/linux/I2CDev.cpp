@@ -45,7 +45,7 @@ i2c_msg message(unsigned char address, unsigned short flags, unsigned char* byte
 
 } // namespace
 
-I2CDev::I2CDev(std::string bus) : bus_(std::move(bus)), address_(0), handle_(kFailed) {}
+I2CDev::I2CDev(std::string bus) : bus_(std::move(bus)), handle_(kFailed) {}
 
 I2CDev::~I2CDev()
 {

@@ -12,7 +12,7 @@ std::vector<unsigned int> GDBusSystemInventoryClient::GetModuleLocations()
     return {};
 }
 
-GDBusModuleResourcesClient::GDBusModuleResourcesClient() : location_(0) {}
+GDBusModuleResourcesClient::GDBusModuleResourcesClient() = default;
 
 GDBusModuleResourcesClient::~GDBusModuleResourcesClient() = default;
 
@@ -23,7 +23,7 @@ void GDBusModuleResourcesClient::SetupDeviceAddress(unsigned int location)
 
 Record GDBusModuleResourcesClient::GetSystemRecord(std::string)
 {
-    return Record(0, "");
+    return {0, ""};
 }
 
 std::string GDBusModuleResourcesClient::GetI2CBus()

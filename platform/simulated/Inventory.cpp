@@ -45,7 +45,7 @@ std::vector<unsigned int> GDBusSystemInventoryClient::GetModuleLocations()
     return locations;
 }
 
-GDBusModuleResourcesClient::GDBusModuleResourcesClient() : location_(0)
+GDBusModuleResourcesClient::GDBusModuleResourcesClient()
 {
     LockedMachine()->enter(InventoryCall::connectResources, "connect resources");
     ++clients;

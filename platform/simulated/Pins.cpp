@@ -30,7 +30,7 @@ Expander* answering(const LockedMachine& machine, const std::string& busPath, st
 
 } // namespace
 
-I2CDev::I2CDev(std::string bus) : bus_(std::move(bus)), address_(0), handle_(kFailed) {}
+I2CDev::I2CDev(std::string bus) : bus_(std::move(bus)), handle_(kFailed) {}
 
 I2CDev::~I2CDev()
 {

@@ -12,15 +12,15 @@ namespace ubxsim
 enum class FaultKind
 {
     // What becomes of the request. At most one of these counts per request.
-    ignore,     // neither applied nor answered
-    refuse,     // not applied, ACK-NAK
-    keepValue,  // a set is acknowledged and not applied
-    answerWith, // a poll is answered with `bytes` as the payload
-    answerRaw,  // `bytes` instead of any answer
-    losePower,  // the supply fails in the middle of the save that this request asks for
-    hangUp,     // the device goes away instead of an answer
-    restart,    // the receiver starts anew instead of answering
-             // How the answer is delivered. One of each kind counts per answer.
+    ignore,      // neither applied nor answered
+    refuse,      // not applied, ACK-NAK
+    keepValue,   // a set is acknowledged and not applied
+    answerWith,  // a poll is answered with `bytes` as the payload
+    answerRaw,   // `bytes` instead of any answer
+    losePower,   // the supply fails in the middle of the save that this request asks for
+    hangUp,      // the device goes away instead of an answer
+    restart,     // the receiver starts anew instead of answering
+                 // How the answer is delivered. One of each kind counts per answer.
     checksum,    // the first frame of the answer has a wrong checksum
     truncate,    // the first frame ends after `size` bytes
     wrongLength, // the length field of the first frame is `size` too large

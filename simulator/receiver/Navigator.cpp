@@ -86,7 +86,7 @@ void Navigator::approachLeapSecond(SimTime now)
     const UtcTime utc = utcTimeOf(present, kLeapSeconds, false);
     // The first day after the half-year: walk day by day, there are at most 184.
     constexpr std::int64_t kDay = 86400000;
-    std::int64_t midnight = present.milliseconds - (present.milliseconds - kLeapSeconds * 1000) % kDay;
+    std::int64_t midnight = present.milliseconds - (present.milliseconds - kLeapSeconds * std::int64_t{1000}) % kDay;
     UtcTime day = utc;
     do {
         midnight += kDay;

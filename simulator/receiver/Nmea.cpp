@@ -53,7 +53,7 @@ Bytes sentence(const std::string& body)
         checksum ^= static_cast<unsigned char>(character);
     }
     const std::string whole = "$" + body + format("*%02X\r\n", checksum & 0xFF);
-    return Bytes(whole.begin(), whole.end());
+    return {whole.begin(), whole.end()};
 }
 
 std::string timeText(const Epoch& epoch)

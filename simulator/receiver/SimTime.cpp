@@ -38,12 +38,12 @@ std::uint32_t GpsTime::timeOfWeek() const
 
 GpsTime gpsTimeOf(std::int64_t unixMilliseconds)
 {
-    return {unixMilliseconds - kGpsEpochUnixMilliseconds + kLeapSeconds * 1000};
+    return {unixMilliseconds - kGpsEpochUnixMilliseconds + kLeapSeconds * std::int64_t{1000}};
 }
 
 UtcTime utcTimeOf(GpsTime time, int leapSeconds, bool inLeapSecond)
 {
-    std::int64_t unixMilliseconds = time.milliseconds + kGpsEpochUnixMilliseconds - leapSeconds * 1000;
+    std::int64_t unixMilliseconds = time.milliseconds + kGpsEpochUnixMilliseconds - leapSeconds * std::int64_t{1000};
     unixMilliseconds -= inLeapSecond ? 1000 : 0;
     const std::int64_t ofDay = unixMilliseconds % kMillisecondsPerDay;
     UtcTime utc;

@@ -77,7 +77,8 @@ double azimuthAt(const Orbit& orbit, double seconds)
 // A small number that looks random and is the same in every run.
 int jitter(const Orbit& orbit, std::int64_t second, int range)
 {
-    auto value = static_cast<std::uint64_t>(second) * 2654435761U + orbit.svId * 40503U + orbit.gnssId * 977U;
+    auto value = static_cast<std::uint64_t>(second) * 2654435761U + std::uint64_t{40503} * orbit.svId +
+                 std::uint64_t{977} * orbit.gnssId;
     value ^= value >> 13;
     value *= 0x9E3779B97F4A7C15U;
     return static_cast<int>((value >> 33) % static_cast<std::uint64_t>(2 * range + 1)) - range;

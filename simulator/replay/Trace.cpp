@@ -4,6 +4,7 @@
 #include "simulator/wire/MessageNames.h"
 
 #include <array>
+#include <cmath>
 #include <cstdio>
 #include <sstream>
 #include <stdexcept>
@@ -77,7 +78,7 @@ TraceEntry parseTraceLine(const std::string& line)
     std::string rest;
     std::getline(words >> std::ws, rest);
     TraceEntry entry;
-    entry.time = std::chrono::microseconds(static_cast<std::int64_t>(seconds * 1e6 + 0.5));
+    entry.time = std::chrono::microseconds(std::llround(seconds * 1e6));
     entry.direction = static_cast<TraceDirection>(direction);
     if (name == kSentence) {
         rest += "\r\n";

@@ -62,12 +62,12 @@ void run(const ubxsim::CommandLine& line, const EndSignals& signals)
 int main(int argc, char** argv)
 {
     const EndSignals signals;
-    int exitCode = ubxsim::kDone;
-    const auto line = ubxsim::readCommandLine(argc, argv, exitCode);
-    if (!line) {
-        return exitCode;
-    }
     try {
+        int exitCode = ubxsim::kDone;
+        const auto line = ubxsim::readCommandLine(argc, argv, exitCode);
+        if (!line) {
+            return exitCode;
+        }
         run(*line, signals);
     } catch (const std::exception& error) {
         std::cerr << "ubxsim: " << error.what() << "\n";

@@ -16,7 +16,7 @@ std::uint8_t digitValue(char character, const std::string& text)
     const std::string digits = kDigits;
     const auto value = digits.find(static_cast<char>(std::toupper(static_cast<unsigned char>(character))));
     if (value == std::string::npos) {
-        throw std::invalid_argument("\"" + text + "\" is no row of hexadecimal bytes, such as \"B5 62 0A 04\"");
+        throw std::invalid_argument("\"" + text + R"(" is no row of hexadecimal bytes, such as "B5 62 0A 04")");
     }
     return static_cast<std::uint8_t>(value);
 }

@@ -92,7 +92,7 @@ std::vector<Difference> compare(Receiver& receiver, const std::vector<WantedSett
         } else {
             difference.fate = isAsWanted(one, reading.value) ? Fate::unchanged : Fate::different;
         }
-        differences.push_back(std::move(difference));
+        differences.push_back(difference);
     }
     return differences;
 }

@@ -19,7 +19,7 @@ namespace ubxctl
 namespace
 {
 
-constexpr std::size_t kLargestFile = 1024 * 1024; // a mistaken name must not fill the memory
+constexpr std::size_t kLargestFile = 1024UL * 1024; // a mistaken name must not fill the memory
 
 std::string knownKeys()
 {
@@ -87,7 +87,7 @@ std::string readStateFile(const std::string& path)
     }
     std::istream& stream = standardInput ? std::cin : file;
     std::string text;
-    for (char character; text.size() <= kLargestFile && stream.get(character);)
+    for (char character = '\0'; text.size() <= kLargestFile && stream.get(character);)
         text += character;
     if (stream.bad()) throw Failure(kFile, path + " can't be read to its end: " + std::strerror(errno));
     if (text.size() > kLargestFile) throw Failure(kUsage, path + " is too long for a file of settings");

@@ -39,8 +39,10 @@ std::vector<std::string> split(const std::string& text, const std::string& separ
 {
     std::vector<std::string> parts;
     std::size_t start = 0;
-    for (std::size_t end; (end = text.find(separator, start)) != std::string::npos; start = end + separator.size())
+    for (std::size_t end = text.find(separator); end != std::string::npos; end = text.find(separator, start)) {
         parts.push_back(text.substr(start, end - start));
+        start = end + separator.size();
+    }
     parts.push_back(text.substr(start));
     return parts;
 }
@@ -75,7 +77,7 @@ void addNavigation(Report& report, const std::string& what, const std::string& s
         std::string time = take();
         // The report separates the seconds with a plus and ends in ":00".
         const std::size_t plus = time.find('+');
-        if (plus != std::string::npos) time = time.substr(0, plus) + ":" + time.substr(plus + 1, 2) + "Z";
+        if (plus != std::string::npos) time.replace(plus, std::string::npos, ":" + time.substr(plus + 1, 2) + "Z");
         report.text("Time", "time_utc", time);
     }
     if (what == "ALL" || what == "FIX") {

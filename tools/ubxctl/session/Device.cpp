@@ -91,6 +91,7 @@ std::vector<DeviceUser> claimants(const struct stat& device)
         words >> number >> kind >> advisory >> access >> pid >> file;
         unsigned int major = 0, minor = 0;
         unsigned long inode = 0;
+        // NOLINTNEXTLINE(cert-err34-c): the kernel has written these numbers
         if (kind != "FLOCK" || std::sscanf(file.c_str(), "%x:%x:%lu", &major, &minor, &inode) != 3) continue;
         if (makedev(major, minor) == device.st_dev && inode == device.st_ino) users.push_back({pid, commandOf(pid)});
     }
