@@ -9,7 +9,7 @@ namespace soak
 namespace
 {
 
-// What MSG and TO stand for is put in: the message, and which of its requests are meant.
+// MSG stands for the message.
 struct Words
 {
     Group group;
