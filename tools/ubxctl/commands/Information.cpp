@@ -77,7 +77,11 @@ void addNavigation(Report& report, const std::string& what, const std::string& s
         std::string time = take();
         // The report separates the seconds with a plus and ends in ":00".
         const std::size_t plus = time.find('+');
-        if (plus != std::string::npos) time.replace(plus, std::string::npos, ":" + time.substr(plus + 1, 2) + "Z");
+        if (plus != std::string::npos) {
+            const std::string seconds = time.substr(plus + 1, 2);
+            time.resize(plus);
+            time += ":" + seconds + "Z";
+        }
         report.text("Time", "time_utc", time);
     }
     if (what == "ALL" || what == "FIX") {

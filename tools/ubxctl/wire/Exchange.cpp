@@ -63,6 +63,7 @@ std::vector<Answer> SerialExchange::askAll(const std::vector<Poll>& polls)
     }
 
     std::vector<Answer> all;
+    all.reserve(answers.size());
     for (const auto& answer : answers)
         all.push_back(answer.value_or(Answer{kNoReply}));
     return all;
