@@ -97,7 +97,11 @@ TEST_F(Signals, DoNotInterruptAnAnswerThatComesInSingleBytes)
     receiver().answerInPieces(0x0623, 1, 1000us);
     const SignalStorm storm;
 
-    EXPECT_EQ(ask(), 0);
+    // On a busy machine an answer may be there, whole, before this thread runs again.
+    const auto end = std::chrono::steady_clock::now() + 10s;
+    do {
+        ASSERT_EQ(ask(), 0);
+    } while (taken < 40 && std::chrono::steady_clock::now() < end);
 
     EXPECT_GE(taken, 40U) << "there was no storm";
 }
