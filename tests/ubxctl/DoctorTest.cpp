@@ -16,21 +16,9 @@ using testing::HasSubstr;
 namespace
 {
 
-/// A receiver that speaks, twenty times a second.
-class Doctor : public testsupport::ReceiverTest, public testing::WithParamInterface<KnownReceiver>
+class Doctor : public OnEachTalkingReceiver
 {
 protected:
-    Doctor() : ReceiverTest(talking(GetParam())) { receiver(); }
-
-    static ubxsim::SimulatorOptions talking(const KnownReceiver& known)
-    {
-        ubxsim::SimulatorOptions options;
-        options.model = known.model;
-        options.firmware = known.firmware;
-        options.timeScale = 20;
-        return options;
-    }
-
     static std::string verdict(const nlohmann::json& report, const std::string& check, const char* what = "verdict")
     {
         for (const auto& one : report["checks"]) {
@@ -44,14 +32,6 @@ protected:
         ubxsim::Event event;
         event.kind = ubxsim::EventKind::antenna;
         event.antenna = state;
-        receiver().happen(event);
-    }
-
-    void turn(ubxsim::EventKind kind, bool on)
-    {
-        ubxsim::Event event;
-        event.kind = kind;
-        event.on = on;
         receiver().happen(event);
     }
 };

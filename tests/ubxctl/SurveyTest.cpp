@@ -25,14 +25,6 @@ class Survey : public OnEachReceiver
 {
 protected:
     static nlohmann::json timingMode() { return runUbxctl({"get", "timing-mode", "--json"}).json()["timing_mode"]; }
-
-    void turn(ubxsim::EventKind kind, bool on)
-    {
-        ubxsim::Event event;
-        event.kind = kind;
-        event.on = on;
-        receiver().happen(event);
-    }
 };
 
 } // namespace

@@ -19,21 +19,9 @@ using testing::HasSubstr;
 namespace
 {
 
-/// A receiver that speaks, at a hundredth of a second each second.
-class Watch : public testsupport::ReceiverTest, public testing::WithParamInterface<KnownReceiver>
+class Watch : public OnEachTalkingReceiver
 {
 protected:
-    Watch() : ReceiverTest(talking(GetParam())) { receiver(); }
-
-    static ubxsim::SimulatorOptions talking(const KnownReceiver& known)
-    {
-        ubxsim::SimulatorOptions options;
-        options.model = known.model;
-        options.firmware = known.firmware;
-        options.timeScale = 20;
-        return options;
-    }
-
     /// NAV-SAT with each solution, on the port that the test listens to.
     void putOutSatellites() { ASSERT_TRUE(receiver().setKeyValue(0x20910016, 1)); }
 };
