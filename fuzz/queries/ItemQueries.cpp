@@ -1,3 +1,4 @@
+#include "queries/AskOne.h"
 #include "queries/Asking.h"
 
 #include <ubxController_ZEDF9T.h>
@@ -10,20 +11,9 @@ namespace fuzz
 namespace
 {
 
-using Control = UBXControlInterface;
-
 constexpr std::uint16_t kCfgValget = 0x068B;
 constexpr std::size_t kValue = 8;
 constexpr std::size_t kFromValueToValue = 5; // of one byte each
-
-template <typename Number, int (Control::*query)(Number&)>
-int askNumber(Control& control, std::string& shown)
-{
-    auto value = static_cast<Number>(99);
-    const int status = (control.*query)(value);
-    shown = std::to_string(value);
-    return status;
-}
 
 /// Those that exist as items only.
 template <int (ubxController_ZEDF9T::*query)(unsigned int&)>
@@ -33,13 +23,6 @@ int askItem(Control& control, std::string& shown)
     const int status = (static_cast<ubxController_ZEDF9T&>(control).*query)(value);
     shown = std::to_string(value);
     return status;
-}
-
-template <int (Control::*query)(std::string&)>
-int askText(Control& control, std::string& shown)
-{
-    shown = "as before";
-    return (control.*query)(shown);
 }
 
 int askConstellations(Control& control, std::string& shown)

@@ -1,3 +1,4 @@
+#include "queries/AskOne.h"
 #include "queries/Asking.h"
 
 #include <cstdio>
@@ -10,17 +11,6 @@ namespace fuzz
 namespace
 {
 
-using Control = UBXControlInterface;
-
-template <typename Number, int (Control::*query)(Number&)>
-int askNumber(Control& control, std::string& shown)
-{
-    auto value = static_cast<Number>(99);
-    const int status = (control.*query)(value);
-    shown = std::to_string(value);
-    return status;
-}
-
 template <int (Control::*query)(bool&)>
 int askFlag(Control& control, std::string& shown)
 {
@@ -28,13 +18,6 @@ int askFlag(Control& control, std::string& shown)
     const int status = (control.*query)(on);
     shown = on ? "on" : "off";
     return status;
-}
-
-template <int (Control::*query)(std::string&)>
-int askText(Control& control, std::string& shown)
-{
-    shown = "as before";
-    return (control.*query)(shown);
 }
 
 int askDynamicModel(Control& control, std::string& shown)
