@@ -2,6 +2,7 @@
 
 #include <ios>
 #include <iostream>
+#include <ostream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -200,6 +201,11 @@ struct FailingCall
     InventoryCall call;
     void (*question)();
 };
+
+void PrintTo(const FailingCall& failing, std::ostream* out)
+{
+    *out << failing.name;
+}
 
 class InventoryWithADeadService : public Inventory, public testing::WithParamInterface<FailingCall>
 {};

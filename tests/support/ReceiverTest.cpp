@@ -1,5 +1,6 @@
 #include "ReceiverTest.h"
 
+#include <chrono>
 #include <filesystem>
 #include <future>
 #include <regex>
@@ -34,6 +35,7 @@ constexpr const char* kLeftovers[] = {
 // A frame of a class that no receiver knows. It is sent behind what a test wants to see: when it has arrived, so has
 // all that was sent before.
 const Bytes kMarker = bytes("B5 62 7F 7F 00 00 FE 79");
+constexpr std::chrono::seconds kArrival{10}; // only a receiver that has stopped takes that long
 
 // Every message that the library sends.
 constexpr std::uint16_t kMessages[] = {
@@ -99,7 +101,7 @@ std::vector<std::string> ReceiverTest::takeFrames()
     if (receiver_ == nullptr) return {};
     const bool sent = sendMarker(receiver_->devicePath());
     std::vector<ubxsim::Bytes> received = receiver_->receivedFrames();
-    while (sent && !endsWithMarker(received) && receiver_->waitForFrames(received.size() + 1)) {
+    while (sent && !endsWithMarker(received) && receiver_->waitForFrames(received.size() + 1, kArrival)) {
         received = receiver_->receivedFrames();
     }
     EXPECT_TRUE(endsWithMarker(received)) << "the receiver does not take what it is sent";

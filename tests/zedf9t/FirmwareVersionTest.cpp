@@ -1,6 +1,7 @@
 // The rule by which the firmware's version chooses among keys, and what an unreadable version does.
 
 #include <functional>
+#include <ostream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -109,6 +110,11 @@ struct Dependent
     Lines framesBefore; // what has been sent when the version is looked at
     const char* printed;
 };
+
+void PrintTo(const Dependent& dependent, std::ostream* out)
+{
+    *out << dependent.name;
+}
 
 const std::vector<Dependent> kDependents = {
     {"SetGnssSystem", [](auto& c) { c.setGnssSystem(1); }, {}, "GNSS_FLAG_GPS\n"},

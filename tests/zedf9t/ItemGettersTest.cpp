@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <ostream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -47,6 +48,11 @@ struct ItemGetter
     const char* fullValue;                                       // a value of which only the first bytes come
     std::vector<std::pair<std::size_t, const char*>> fromLength; // what it means from that payload length on
 };
+
+void PrintTo(const ItemGetter& getter, std::ostream* out)
+{
+    *out << getter.name;
+}
 
 const std::vector<ItemGetter> kGetters = {
     {"AntennaDelay",

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ostream>
 #include <vector>
 
 #include <ubxController_ZEDF9T.h>
@@ -19,6 +20,11 @@ struct ItemSetter
     std::vector<const char*> other;   // and of one that holds another value
     int silentStatus;                 // 4, and 1 besides unless the value is the one that a missing reply leaves
 };
+
+inline void PrintTo(const ItemSetter& setter, std::ostream* out)
+{
+    *out << setter.name;
+}
 
 extern const std::vector<ItemSetter> kItemSetters;
 
