@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <string>
 
 #include "Operations.h"
@@ -54,12 +55,10 @@ inline int setModels(Control& control, Arguments arguments, std::string&)
                                    static_cast<unsigned char>(arguments.second));
 }
 
-inline int getSolution(Control& control, Arguments, std::string& shown)
+inline int getSolution(Control& control, Arguments arguments, std::string&)
 {
     std::string solution; // it changes all the time
-    const int status = control.getNavsolution("ALL", solution);
-    shown.clear();
-    return status;
+    return control.getNavsolution(words::kSolutions[arguments.first], solution);
 }
 
 inline int getSatellites(Control& control, Arguments, std::string&)
@@ -85,9 +84,27 @@ inline int setSurvey(Control& control, Arguments arguments, std::string&)
     return control.setSurveyAuto(static_cast<unsigned int>(arguments.first), static_cast<float>(arguments.second));
 }
 
-inline int setFixed(Control& control, Arguments, std::string&)
+inline int setFixed(Control& control, Arguments arguments, std::string&)
 {
-    return control.setSurveyStatic(-31.9505, 115.8605, 24.5, 1.0);
+    return control.setSurveyStatic(-31.9505, 115.8605, 24.5, static_cast<double>(arguments.first));
+}
+
+inline int setMode(Control& control, Arguments arguments, std::string&)
+{
+    return control.setSurveyMode(words::kTimingModes[arguments.first]);
+}
+
+inline int getSurvey(Control& control, Arguments, std::string& shown)
+{
+    unsigned char mode = 0;
+    double latitude = 0, longitude = 0, height = 0, accuracy = 0;
+    unsigned int duration = 0;
+    float limit = 0;
+    const int status = control.getSurveyInfo(mode, latitude, longitude, height, accuracy, duration, limit);
+    shown = std::to_string(mode) + " " + std::to_string(std::lround(accuracy * 1000)) + " " + std::to_string(duration) +
+            " " + std::to_string(std::lround(limit * 1000)) + " " + std::to_string(latitude) + " " +
+            std::to_string(longitude) + " " + std::to_string(height);
+    return status;
 }
 
 inline int setReference(Control& control, Arguments arguments, std::string&)
@@ -105,9 +122,39 @@ inline int setSystems(Control& control, Arguments arguments, std::string&)
     return control.setGnssSystem(words::kSelections[arguments.first]);
 }
 
-inline int restartHot(Control& control, Arguments, std::string&)
+inline int setSystemsAndBands(Control& control, Arguments arguments, std::string&)
 {
-    return control.restart(true);
+    return control.setGnssSystem(words::kSelections[arguments.first], arguments.second != 0);
+}
+
+inline int setPulse(Control& control, Arguments arguments, std::string&)
+{
+    return control.configTimePulse(1, static_cast<unsigned char>(arguments.first), arguments.second != 0);
+}
+
+inline int setModel(Control& control, Arguments arguments, std::string&)
+{
+    return control.setDynamicModel(static_cast<unsigned char>(arguments.first));
+}
+
+inline int setRxMode(Control& control, Arguments arguments, std::string&)
+{
+    return control.setRxMode(words::kRxModes[arguments.first]);
+}
+
+inline int setStandard(Control& control, Arguments arguments, std::string&)
+{
+    return control.setUtsStandardTime(words::kStandards[arguments.first]);
+}
+
+inline int setPower(Control& control, Arguments arguments, std::string&)
+{
+    return control.setAntennaPower(arguments.first != 0 ? "ON" : "OFF");
+}
+
+inline int restart(Control& control, Arguments arguments, std::string&)
+{
+    return control.restart(arguments.first != 0);
 }
 
 } // namespace soak::calls

@@ -2,8 +2,7 @@
 
 #include <string>
 
-#include "Operations.h"
-#include "Settings.h"
+#include "Steps.h"
 #include "Words.h"
 
 // What operations make of a receiver's settings, and what queries show of them.
@@ -11,10 +10,18 @@
 namespace soak::changes
 {
 
+constexpr long kFixedLatitude = -319505000, kFixedLongitude = 1158605000, kFixedHeight = 2450;
+
 template <Field field>
-void becomesFirst(Settings& settings, Arguments arguments)
+void becomesFirst(Knowledge& knowledge, Arguments arguments)
 {
-    settings[field] = arguments.first;
+    knowledge.settings[field] = arguments.first;
+}
+
+template <Field field, long value>
+void becomes(Knowledge& knowledge, Arguments)
+{
+    knowledge.settings[field] = value;
 }
 
 template <Field field>
@@ -23,85 +30,195 @@ bool isFirst(const Settings& settings, Arguments arguments)
     return settings[field] == arguments.first;
 }
 
-inline void becomesModels(Settings& settings, Arguments arguments)
+template <Field field, long value>
+bool is(const Settings& settings, Arguments)
 {
-    settings[dynamicModel] = arguments.first;
-    settings[fixMode] = arguments.second;
+    return settings[field] == value;
+}
+
+inline void saves(Knowledge& knowledge, Arguments)
+{
+    knowledge.saved = knowledge.settings;
+}
+
+inline void loads(Knowledge& knowledge, Arguments)
+{
+    knowledge.settings = knowledge.saved;
+}
+
+// The present settings stay until they are loaded.
+inline void clears(Knowledge& knowledge, Arguments)
+{
+    knowledge.saved = knowledge.factory;
+}
+
+inline void becomesModels(Knowledge& knowledge, Arguments arguments)
+{
+    knowledge.settings[dynamicModel] = arguments.first;
+    knowledge.settings[fixMode] = arguments.second;
+}
+
+inline void becomesMode(Settings& settings, long mode, long type)
+{
+    settings[timeMode] = mode;
+    settings[positionType] = type;
+    for (const Field field : {latitude, longitude, height, positionAccuracy, surveyDuration, surveyLimit})
+        settings[field] = 0;
 }
 
 template <long unitsPerMetre>
-void becomesSurvey(Settings& settings, Arguments arguments)
+void becomesSurveyByMessage(Knowledge& knowledge, Arguments arguments)
 {
-    settings[timeMode] = 1;
-    settings[surveyDuration] = arguments.first;
-    settings[surveyLimit] = arguments.second * unitsPerMetre;
+    becomesMode(knowledge.settings, 1, 0);
+    knowledge.settings[surveyDuration] = arguments.first;
+    knowledge.settings[surveyLimit] = arguments.second * unitsPerMetre;
 }
 
-template <long mode>
-bool hasMode(const Settings& settings, Arguments)
+template <long unitsPerMetre>
+void becomesFixedByMessage(Knowledge& knowledge, Arguments arguments)
 {
-    return settings[timeMode] == mode;
+    becomesMode(knowledge.settings, 2, 1);
+    knowledge.settings[latitude] = kFixedLatitude;
+    knowledge.settings[longitude] = kFixedLongitude;
+    knowledge.settings[height] = kFixedHeight;
+    knowledge.settings[positionAccuracy] = arguments.first * unitsPerMetre;
 }
 
-inline bool isSurvey(const Settings& settings, Arguments arguments)
+inline void becomesSurveyByItems(Knowledge& knowledge, Arguments arguments)
 {
-    return settings[timeMode] == 1 && settings[surveyDuration] == arguments.first &&
-           settings[surveyLimit] == arguments.second * 10000;
+    knowledge.settings[timeMode] = 1;
+    knowledge.settings[surveyDuration] = arguments.first;
+    knowledge.settings[surveyLimit] = arguments.second * 10000;
 }
 
-inline void becomesFixed(Settings& settings, Arguments)
+// The accuracy goes out in millimetres, and its item holds tenths.
+inline void becomesFixedByItems(Knowledge& knowledge, Arguments arguments)
 {
+    Settings& settings = knowledge.settings;
     settings[timeMode] = 2;
+    settings[positionType] = 1;
+    settings[latitude] = kFixedLatitude;
+    settings[longitude] = kFixedLongitude;
+    settings[height] = kFixedHeight;
+    settings[positionAccuracy] = arguments.first * 1000;
 }
 
-// The message holds the survey's parameters, too.
-inline void becomesFixedByMessage(Settings& settings, Arguments)
+inline void becomesDynamicByItems(Knowledge& knowledge, Arguments)
 {
-    settings[timeMode] = 2;
-    settings[surveyDuration] = 0;
-    settings[surveyLimit] = 0;
+    knowledge.settings[timeMode] = 0;
+    knowledge.settings[surveyDuration] = 0;
+    knowledge.settings[surveyLimit] = 0;
 }
 
-inline void becomesDynamic(Settings& settings, Arguments)
+// The longitude and latitude go on as they came, in the order in which the receiver reports them: each becomes the
+// other.
+inline void notesPosition(Knowledge& knowledge, Arguments)
 {
-    settings[timeMode] = 0;
-    settings[surveyDuration] = 0;
-    settings[surveyLimit] = 0;
+    knowledge.found[latitude] = words::kLongitude;
+    knowledge.found[longitude] = words::kLatitude;
+    knowledge.found[height] = words::kHeightCm;
+}
+
+inline void notesSurvey(Knowledge& knowledge, Arguments)
+{
+    for (const Field field : {positionAccuracy, surveyDuration, surveyLimit})
+        knowledge.found[field] = knowledge.settings[field];
 }
 
 // A receiver that is told to do without time mode keeps the rest of the message's fields.
-inline void becomesDynamicByMessage(Settings& settings, Arguments)
+inline void becomesModeWithWhatWasFound(Knowledge& knowledge, Arguments arguments)
 {
-    settings[timeMode] = 0;
+    Settings& settings = knowledge.settings;
+    settings[timeMode] = arguments.first;
+    if (arguments.first == 0) return;
+    settings[positionType] = arguments.first == 2 ? 1 : 0;
+    for (const Field field : {latitude, longitude, height, positionAccuracy, surveyDuration, surveyLimit})
+        settings[field] = knowledge.found[field];
 }
 
 // The setting of the antenna holds the byte that the detection is read from, and the other way about.
-inline void becomesTypeByMessage(Settings& settings, Arguments arguments)
+inline void becomesTypeByMessage(Knowledge& knowledge, Arguments arguments)
 {
-    settings[antennaType] = arguments.first;
-    settings[jamming] = 0x1E;
+    knowledge.settings[antennaType] = arguments.first;
+    knowledge.settings[jammingByte] = 0x1E;
 }
 
-inline void becomesJammingByMessage(Settings& settings, Arguments arguments)
+inline void becomesJammingByMessage(Knowledge& knowledge, Arguments arguments)
 {
-    settings[jamming] = arguments.first != 0 ? 0xAD : 0x2D;
+    knowledge.settings[jamming] = 0;
+    knowledge.settings[jammingByte] = arguments.first != 0 ? 0xAD : 0x2D;
 }
 
-inline void becomesSystems(Settings& settings, Arguments arguments)
+inline void becomesSystems(Knowledge& knowledge, Arguments arguments)
 {
-    settings[constellations] = words::kSelections[arguments.first];
+    knowledge.settings[constellations] = words::kSelections[arguments.first];
 }
 
-// The time pulses go along with them, without a cable delay.
-inline void becomesSystemsByItems(Settings& settings, Arguments arguments)
+// With messages the second band is set for every constellation, with items for those that are on.
+inline void becomesSystemsAndBandsByMessage(Knowledge& knowledge, Arguments arguments)
 {
-    becomesSystems(settings, arguments);
-    settings[cableDelay] = 0;
+    becomesSystems(knowledge, arguments);
+    knowledge.settings[secondBand] = arguments.second;
+}
+
+inline void becomesSystemsAndBandsByItems(Knowledge& knowledge, Arguments arguments)
+{
+    becomesSystems(knowledge, arguments);
+    knowledge.settings[secondBand] = words::kSelections[arguments.first] & arguments.second;
 }
 
 inline bool areSystems(const Settings& settings, Arguments arguments)
 {
     return settings[constellations] == words::kSelections[arguments.first];
+}
+
+inline void remembersDelay(Knowledge& knowledge, Arguments arguments)
+{
+    knowledge.pulseTemplate.delay = arguments.first;
+}
+
+inline void remembersPulse(Knowledge& knowledge, Arguments arguments)
+{
+    knowledge.pulseTemplate.pulse = arguments.first;
+    knowledge.pulseTemplate.active = arguments.second;
+}
+
+inline void becomesTemplate(Knowledge& knowledge, Arguments)
+{
+    const PulseTemplate& sent = knowledge.pulseTemplate;
+    knowledge.settings[cableDelay] = sent.delay;
+    knowledge.settings[sent.pulse == 0 ? firstPulse : secondPulse] = sent.active;
+}
+
+inline void becomesPulseByItems(Knowledge& knowledge, Arguments arguments)
+{
+    knowledge.settings[cableDelay] = 0;
+    knowledge.settings[arguments.first == 0 ? firstPulse : secondPulse] = arguments.second;
+}
+
+// Those of GPS, Galileo, BeiDou and GLONASS alone.
+inline void becomesStandardByMessage(Knowledge& knowledge, Arguments arguments)
+{
+    constexpr long kStandards[] = {3, 5, 7, 6};
+    knowledge.settings[utcStandard] = kStandards[arguments.first];
+}
+
+// The items know 3 only; what goes out for the first three, 1, 2 and 4, is refused.
+inline void becomesStandardByItems(Knowledge& knowledge, Arguments arguments)
+{
+    if (arguments.first == 3) knowledge.settings[utcStandard] = 3;
+}
+
+inline void becomesSentences(Knowledge& knowledge, Arguments arguments)
+{
+    knowledge.settings[gsaRate] = arguments.first;
+    knowledge.settings[ggaRate] = arguments.first;
+}
+
+inline void becomesFewSentences(Knowledge& knowledge, Arguments arguments)
+{
+    knowledge.settings[gsaRate] = 0;
+    knowledge.settings[ggaRate] = arguments.first;
 }
 
 template <Field field>
@@ -125,6 +242,12 @@ inline std::string showReference(const Settings& settings)
     return words::kTimeReferences[settings[timeReference]];
 }
 
+// Messages read only what they write; an item may have set more.
+inline std::string showReferenceByMessage(const Settings& settings)
+{
+    return settings[timeReference] < 2 ? showReference(settings) : "";
+}
+
 inline std::string showType(const Settings& settings)
 {
     return words::kAntennaTypes[settings[antennaType]];
@@ -132,7 +255,26 @@ inline std::string showType(const Settings& settings)
 
 inline std::string showJammingByMessage(const Settings& settings)
 {
-    return settings[jamming] >= 0x80 ? "1" : "0";
+    return settings[jammingByte] >= 0x80 ? "1" : "0";
+}
+
+inline std::string showRxMode(const Settings& settings)
+{
+    return words::kRxModes[settings[rxMode] == 4 ? 2 : settings[rxMode]];
+}
+
+inline void becomesRxMode(Knowledge& knowledge, Arguments arguments)
+{
+    knowledge.settings[rxMode] = arguments.first == 2 ? 4 : arguments.first;
+}
+
+/// Mode, accuracies in mm, duration, and where the receiver is.
+template <long unitsPerMillimetre>
+std::string showSurvey(const Settings& settings)
+{
+    return std::to_string(settings[timeMode]) + " " + std::to_string(settings[positionAccuracy] / unitsPerMillimetre) +
+           " " + std::to_string(settings[surveyDuration]) + " " +
+           std::to_string(settings[surveyLimit] / unitsPerMillimetre) + " " + words::kShownPosition;
 }
 
 } // namespace soak::changes

@@ -1,5 +1,9 @@
 #include "Expectation.h"
 
+#include <algorithm>
+
+#include "Changes.h"
+
 namespace soak
 {
 
@@ -11,7 +15,7 @@ constexpr int kMismatch = 1;
 constexpr int kNoReply = 4;
 constexpr int kNotSent = 8;
 
-/// What a read-back finds.
+/// What a poll finds.
 enum class Found
 {
     whatIsThere,
@@ -19,99 +23,144 @@ enum class Found
     nothing
 };
 
+/// What a fault makes of a step that it meets.
 struct Row
 {
     Group group;
-    int query, itemQuery, set, verifiedSet, verifiedItemSet, pollModifySend;
-    bool isSet;         ///< whether what a command sends is applied
-    bool isModifiedSet; ///< the same of a poll-modify-send command
+    int query, itemQuery;
+    bool isSet; ///< whether what is sent is applied
     Found found;
     double clockSpeed;
 };
 
-constexpr int kLost = kNoReply;
 constexpr double kNormal = 1;
-constexpr double kFast = 200;     // nothing will come
-constexpr double kRatherFast = 4; // something will come, and is taken at the end: leave it the time on a busy machine
+constexpr double kVeryFast = 1000; // nothing will come, and it must be over before the receiver is there again
+constexpr double kFast = 200;      // nothing will come
+constexpr double kRatherFast = 4;  // something will come: leave it the time on a busy machine
 
 constexpr Row kRows[kGroups] = {
-    {Group::none, 0, 0, 0, 0, 0, 0, true, true, Found::whatIsThere, kNormal},
-    {Group::harmless, 0, 0, 0, 0, 0, 0, true, true, Found::whatIsThere, kNormal},
-    {Group::goodCopy, 0, 0, 0, 0, 0, 0, true, true, Found::whatIsThere, kRatherFast},
-    {Group::noReply, kLost, kLost, 0, kLost, kLost, kLost, true, false, Found::nothing, kFast},
-    {Group::setLost, 0, 0, 0, 0, 0, 0, false, false, Found::whatIsThere, kNormal},
-    {Group::shortReply, 0, 0, 0, 0, 0, 0, true, false, Found::zeros, kNormal},
-    {Group::lineFull, kNotSent, kLost, 0, kNotSent, kLost, kNotSent, false, false, Found::nothing, kFast},
-    {Group::deviceGone, kNotSent, kLost, 0, kNotSent, kLost, kNotSent, false, false, Found::nothing, kFast},
-    {Group::restart, kLost, kLost, 0, kLost, kLost, kLost, false, false, Found::nothing, kFast},
-    {Group::powerFailure, 0, 0, 0, 0, 0, 0, true, true, Found::whatIsThere, kNormal},
+    {Group::none, 0, 0, true, Found::whatIsThere, kNormal},
+    {Group::harmless, 0, 0, true, Found::whatIsThere, kNormal},
+    {Group::goodCopy, 0, 0, true, Found::whatIsThere, kRatherFast},
+    {Group::noReply, kNoReply, kNoReply, true, Found::nothing, kFast},
+    {Group::setLost, 0, 0, false, Found::whatIsThere, kNormal},
+    {Group::shortReply, 0, 0, true, Found::zeros, kNormal},
+    {Group::lineFull, kNotSent, kNoReply, false, Found::nothing, kFast},
+    {Group::deviceGone, kNotSent, kNoReply, false, Found::nothing, kFast},
+    {Group::deviceLeaves, kNoReply, kNoReply, false, Found::nothing, kFast},
+    {Group::restart, kNoReply, kNoReply, false, Found::nothing, kVeryFast},
+    {Group::powerFailure, 0, 0, true, Found::whatIsThere, kNormal},
+    {Group::saveCutShort, 0, 0, true, Found::whatIsThere, kNormal},
 };
 
-int statusOf(const Row& row, Kind kind)
+/// Goes through an operation's steps as they come on the line.
+class Walk
 {
-    switch (kind) {
-    case Kind::query:
-        return row.query;
-    case Kind::itemQuery:
-        return row.itemQuery;
-    case Kind::set:
-        return row.set;
-    case Kind::verifiedSet:
-        return row.verifiedSet;
-    case Kind::verifiedItemSet:
-        return row.verifiedItemSet;
-    case Kind::pollModifySend:
-        return row.pollModifySend;
-    case Kind::identification:
-        break;
+public:
+    Walk(const Fault& fault, const Knowledge& before) : fault_(fault)
+    {
+        expected_.afterwards = before;
+        expected_.afterwards.found = {};
+        expected_.shows = true;
+        expected_.clockSpeed = rowOf(fault.group).clockSpeed;
+        if (fault.group == Group::powerFailure) expected_.afterwards.settings = before.saved;
     }
-    return 0;
-}
 
-void apply(const Operation& operation, Arguments arguments, const Knowledge& before, Settings& settings)
-{
-    if (operation.change != nullptr) operation.change(settings, arguments);
-    if (operation.special == Operation::Special::load) settings = before.saved;
-}
-
-bool readsAsWanted(const Operation& operation, Arguments arguments, Found found, const Settings& settings)
-{
-    const Settings zeros{};
-    switch (found) {
-    case Found::whatIsThere:
-        return operation.asWanted(settings, arguments);
-    case Found::zeros:
-        return operation.asWanted(zeros, arguments);
-    case Found::nothing:
-        break;
+    void take(const Step& step, Arguments arguments)
+    {
+        if (step.when == Step::When::afterSuccess && lastPoll_ != 0) return;
+        if (step.when == Step::When::afterFailure && lastPoll_ == 0) return;
+        if (step.kind == Step::Kind::refusal) {
+            expected_.status |= kMismatch;
+            return;
+        }
+        Found found = Found::whatIsThere;
+        if (step.isPoll()) found = poll(step, arguments);
+        // What is too short to be changed is too short to be set.
+        if (step.isSet() && (step.kind == Step::Kind::set || found == Found::whatIsThere)) send(step, arguments);
     }
-    return operation.readsNumber && operation.asWanted(zeros, arguments);
-}
+
+    Expectation end()
+    {
+        // As long as something will come, the time limit must leave it the time.
+        if (isAnswered_ && isUnanswered_) expected_.clockSpeed = std::min(expected_.clockSpeed, kRatherFast);
+        return expected_;
+    }
+
+private:
+    static const Row& rowOf(Group group) { return kRows[static_cast<std::size_t>(group)]; }
+
+    const Row& rowOf(Part part, std::uint16_t message)
+    {
+        if (isDown_) return rowOf(Group::restart);
+        const bool isMet = fault_.part == Part::everything || (fault_.part == part && fault_.message == message);
+        if (isMet && fault_.group == Group::restart) {
+            isDown_ = true;
+            expected_.afterwards.settings = expected_.afterwards.saved;
+        }
+        return rowOf(isMet ? fault_.group : Group::none);
+    }
+
+    Found poll(const Step& step, Arguments arguments)
+    {
+        const Row& row = rowOf(Part::polls, step.message);
+        (row.found == Found::nothing ? isUnanswered_ : isAnswered_) = true;
+        if (step.kind == Step::Kind::identification) {
+            expected_.isFound = row.found == Found::whatIsThere;
+            return row.found;
+        }
+        lastPoll_ = step.kind == Step::Kind::itemQuery ? row.itemQuery : row.query;
+        if (!step.onlyLogged) expected_.status |= lastPoll_;
+        if (step.notes != nullptr && row.found == Found::whatIsThere) step.notes(expected_.afterwards, arguments);
+        if (step.asWanted != nullptr && !readsAsWanted(step, arguments, row.found)) expected_.status |= kMismatch;
+        expected_.shows = expected_.shows && row.found == Found::whatIsThere;
+        return row.found;
+    }
+
+    bool readsAsWanted(const Step& step, Arguments arguments, Found found) const
+    {
+        const Settings zeros{};
+        switch (found) {
+        case Found::whatIsThere:
+            return step.asWanted(expected_.afterwards.settings, arguments);
+        case Found::zeros:
+            return step.asWanted(zeros, arguments);
+        case Found::nothing:
+            break;
+        }
+        return step.readsNumber && step.asWanted(zeros, arguments);
+    }
+
+    void send(const Step& step, Arguments arguments)
+    {
+        if (step.remember != nullptr) step.remember(expected_.afterwards, arguments);
+        if (!rowOf(Part::sets, step.message).isSet || step.change == nullptr) return;
+        if (fault_.group == Group::saveCutShort && step.change == changes::saves) {
+            expected_.orElse = expected_.afterwards.settings;
+            expected_.afterwards.settings = expected_.afterwards.saved;
+            isDown_ = true;
+            return;
+        }
+        step.change(expected_.afterwards, arguments);
+    }
+
+    const Fault& fault_;
+    Expectation expected_;
+    int lastPoll_ = 0;
+    bool isDown_ = false; ///< the receiver, from now on
+    bool isAnswered_ = false;
+    bool isUnanswered_ = false;
+};
 
 } // namespace
 
-Expectation expectationOf(const Operation& operation, Arguments arguments, Group group, const Knowledge& before)
+Expectation expectationOf(const Operation& operation, Arguments arguments, const Fault& fault, const Knowledge& before)
 {
-    const Row& row = kRows[static_cast<std::size_t>(group)];
-    Expectation expected;
-    expected.clockSpeed = row.clockSpeed;
-    expected.settings = group == Group::powerFailure ? before.saved : before.settings;
-
-    const bool isWritten = group != Group::lineFull && group != Group::deviceGone;
-    const bool isApplied = operation.kind == Kind::pollModifySend ? row.isModifiedSet : row.isSet;
-    if (isApplied) apply(operation, arguments, before, expected.settings);
-    // The time pulses have messages of their own, which no fault concerns.
-    if (operation.special == Operation::Special::setsTimePulses && isWritten) {
-        expected.settings[cableDelay] = before.templateDelay;
-    }
-
-    expected.status = statusOf(row, operation.kind);
-    if (operation.asWanted != nullptr && !readsAsWanted(operation, arguments, row.found, expected.settings)) {
-        expected.status |= kMismatch;
-    }
-    if (group == Group::restart) expected.settings = before.saved;
-    expected.isFound = row.query == 0 && row.found == Found::whatIsThere;
-    expected.shows = expected.isFound && operation.expected != nullptr;
+    Walk walk(fault, before);
+    for (const Step& step : operation.steps)
+        walk.take(step, step.arguments.value_or(arguments));
+    Expectation expected = walk.end();
+    expected.shows = expected.shows && operation.expected != nullptr;
     return expected;
 }
 

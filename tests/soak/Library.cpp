@@ -39,7 +39,7 @@ struct Request
 struct Response
 {
     int status;
-    char shown[60];
+    char shown[100];
     long blocksInUse;
     std::size_t bytesInUse, residentPages, descriptors;
 };
@@ -55,8 +55,9 @@ public:
         if (request.clockSpeed > 1) testclock::runFast(request.clockSpeed);
         {
             std::string shown;
-            if (operation.kind == Kind::identification) {
-                const ubxController facade;
+            if (operation.run == nullptr) {
+                ubxController facade;
+                response.status = facade.setAntennaPower("ON");
                 shown = ubloxChipInfo::getUbloxChipName();
             } else {
                 response.status = operation.run(controllerFor(request.drive), request.arguments, shown);

@@ -1,7 +1,10 @@
 #include "Operations.h"
 
 #include "Calls.h"
-#include "Changes.h"
+#include "Sequences.h"
+
+// All operations of the interface are here, but for three that have nothing to do with a receiver and can't fail:
+// getUtcGrid and timeStamp reckon, and setZedf9tConfigurationInterfaceMode makes the two drives of a ZED-F9T.
 
 namespace soak
 {
@@ -11,13 +14,9 @@ namespace
 
 using namespace calls;
 using namespace changes;
-using Special = Operation::Special;
+using namespace sequences;
 
-constexpr std::uint16_t kPvt = 0x0107, kSat = 0x0135, kVer = 0x0A04, kMsg = 0x0601, kRst = 0x0604, kRate = 0x0608,
-                        kCfg = 0x0609, kSbas = 0x0616, kNavx5 = 0x0623, kNav5 = 0x0624, kTp5 = 0x0631, kItfm = 0x0639,
-                        kTmode2 = 0x063D, kGnss = 0x063E, kValset = 0x068A, kValget = 0x068B;
-
-// The tables. A range that begins at 1 keeps clear of what an empty reply reads as.
+// A range that begins at 1 keeps clear of what an empty reply reads as.
 
 const auto kGetMinCNo = getNumber<signed char, &Control::getMinCNo>;
 const auto kSetMinCNo = setNumber<signed char, &Control::setMinCNo>;
@@ -25,207 +24,205 @@ const auto kGetElevation = getNumber<unsigned char, &Control::getElevationLimit>
 const auto kSetElevation = setNumber<unsigned char, &Control::setElevationLimit>;
 const auto kGetDelay = getNumber<int, &Control::getAntennaDelay>;
 const auto kSetDelay = setNumber<int, &Control::setAntennaDelay>;
+const auto kGetMode = getText<&Control::getSurveyMode>;
+const auto kSetDynamic = run<&Control::setSurveyDynamic>;
+const auto kGetReference = getText<&Control::getTimeReference>;
 const auto kGetSystems = getNumber<unsigned short, &Control::getGnssSystem>;
+const auto kGetType = getText<&Control::getAntennaType>;
 const auto kGetJamming = getNumber<bool, &Control::getJammingDetection>;
 const auto kSetJamming = setNumber<bool, &Control::setJammingDetection>;
+const auto kIsOn = getNumber<bool, &Control::isOn>;
+const auto kGetRxMode = getText<&Control::getRxMode>;
+const auto kSetSolutionRates = setNumber<unsigned char, &Control::configureUbxPolling>;
+const auto kSetSentences = setNumber<unsigned char, &Control::configureNmeaPolling>;
+const auto kSetFewSentences = setNumber<unsigned char, &Control::configurNmeaPollingPartial>;
+const auto kSetGroupDelay = setNumber<int, &Control::programGroupDelayCal>;
+const auto kSetDefaultSurvey = run<static_cast<int (Control::*)()>(&Control::setSurveyAuto)>;
+
+const Step kRefusal{Step::Kind::refusal};
 
 /// Those that go the same way whatever the drive.
 std::vector<Operation> common()
 {
     return {
-        {"getDynamicModel", Kind::query, kNav5, 0, getModels, {}, {}, nullptr, nullptr, showModels},
-        {"setDynamicModel", Kind::set, 0, kNav5, setModels, {2, 1}, {8, 3}, becomesModels},
-        {"getNavsolution", Kind::query, kPvt, 0, getSolution},
-        {"getSatelliteInfo", Kind::query, kSat, 0, getSatellites},
-        {"getNofSatellitesInNavSol", Kind::query, kPvt, 0, getCount},
-        {"getInfo", Kind::query, kVer, 0, getVersions},
-        {"restart", Kind::set, 0, kRst, restartHot},
-        {"configureSBAS", Kind::set, 0, kSbas, run<&Control::configureSBAS>},
-        {"configureNmeaPolling", Kind::set, 0, kMsg, setNumber<unsigned char, &Control::configureNmeaPolling>, {}, {1}},
-        {"save", Kind::set, 0, kCfg, run<&Control::save>, {}, {}, nullptr, nullptr, nullptr, Special::save},
-        {"load", Kind::set, 0, kCfg, run<&Control::load>, {}, {}, nullptr, nullptr, nullptr, Special::load},
-        {"a new facade", Kind::identification, kVer, 0, nullptr},
+        {"getDynamicModel", getModels, {query(kNav5)}, {}, {}, showModels},
+        {"setDynamicModel", setModel, {set(kNav5, becomesFirst<dynamicModel>)}, {2}, {8}},
+        {"setDynamicModel with fix mode", setModels, setsModels(), {2, 1}, {8, 3}},
+        {"setFixMode", setNumber<unsigned char, &Control::setFixMode>, {set(kNav5, becomesFirst<fixMode>)}, {1}, {3}},
+        {"setSurveyMode", setMode, changesMode(), {0}, {2}, nullptr, words::kAnswerPvt},
+        {"getNavsolution", getSolution, {query(kPvt)}, {0}, {3}},
+        {"getSatelliteInfo", getSatellites, {query(kSat)}},
+        {"getNofSatellitesInNavSol", getCount, {query(kPvt)}},
+        {"getInfo", getVersions, {query(kVer)}},
+        {"restart", restart, {set(kRst)}, {0}, {1}},
+        {"configureSBAS", run<&Control::configureSBAS>, setsSbas()},
+        {"configureNmeaPolling", kSetSentences, {set(kMsg, becomesSentences)}, {0}, {1}},
+        {"configureProtocols", run<&Control::configureProtocols>, setsProtocols()},
+        {"save", run<&Control::save>, {set(kCfg, saves)}},
+        {"load", run<&Control::load>, {set(kCfg, loads)}},
+        {"resetUbloxDefaults", run<&Control::resetUbloxDefaults>, {set(kCfg, clears), set(kCfg, saves)}},
+        {"Init", run<&Control::Init>},
+        {"setAntennaPower", setPower, {}, {0}, {1}},
+        {"a new facade", nullptr, {{Step::Kind::identification, kVer}}},
+        {"setMinCNo of too much", kSetMinCNo, {kRefusal}, {51}, {127}},
+        {"setElevationLimit of too much", kSetElevation, {kRefusal}, {61}, {255}},
+        {"setAntennaDelay of too much", kSetDelay, {kRefusal}, {32768}, {70000}},
+        {"setSurveyAuto of too long", setSurvey, {kRefusal}, {30000001, 1}, {40000000, 50}},
+        {"setSurveyStatic of too little", setFixed, {kRefusal}, {0}, {0}},
+        {"setSurveyMode of another word", setMode, {kRefusal}, {3}, {3}},
+        {"setTimeReference of another word", setReference, {kRefusal}, {5}, {5}},
+        {"setAntennaType of another word", setType, {kRefusal}, {3}, {3}},
+        {"getNavsolution of another word", getSolution, {kRefusal}, {4}, {4}},
     };
 }
 
-/// With messages. @tparam unitsPerMetre  of the survey's limit, as the receiver keeps it.
+/// With messages. @tparam unitsPerMetre  of the survey's accuracies, as the receiver keeps them.
 template <long unitsPerMetre>
-std::vector<Operation> byMessages()
+std::vector<Operation> byMessages(Change changesSystems)
 {
     return {
-        {"getMinCNo", Kind::query, kNavx5, 0, kGetMinCNo, {}, {}, nullptr, nullptr, showNumber<minCNo>},
-        {"setMinCNo", Kind::verifiedSet, kNavx5, kNavx5, kSetMinCNo, {1}, {50}, becomesFirst<minCNo>, isFirst<minCNo>},
-        {"getElevationLimit", Kind::query, kNav5, 0, kGetElevation, {}, {}, nullptr, nullptr, showNumber<elevation>},
-        {"setElevationLimit", Kind::set, 0, kNav5, kSetElevation, {5}, {60}, becomesFirst<elevation>},
-        {"getAntennaDelay", Kind::query, kTp5, 0, kGetDelay, {}, {}, nullptr, nullptr, showNumber<cableDelay>},
-        {"setAntennaDelay",
-         Kind::verifiedSet,
-         kTp5,
-         kTp5,
-         kSetDelay,
+        {"getMinCNo", kGetMinCNo, {query(kNavx5)}, {}, {}, showNumber<minCNo>},
+        {"setMinCNo", kSetMinCNo, setsMinCNo(), {1}, {50}},
+        {"getElevationLimit", kGetElevation, {query(kNav5)}, {}, {}, showNumber<elevation>},
+        {"setElevationLimit", kSetElevation, setsElevation(), {5}, {60}},
+        {"getAntennaDelay", kGetDelay, {query(kTp5)}, {}, {}, showNumber<cableDelay>},
+        {"setAntennaDelay", kSetDelay, setsDelay(), {1}, {500}},
+        {"getSurveyMode", kGetMode, {query(kTmode2)}, {}, {}, showMode},
+        {"setSurveyAuto", setSurvey, setsSurvey<unitsPerMetre>(), {1000, 1}, {20000, 50}},
+        {"setSurveyAuto()", kSetDefaultSurvey, with({10800, 1}, setsSurvey<unitsPerMetre>())},
+        {"setSurveyStatic",
+         setFixed,
+         {set(kTmode2, becomesFixedByMessage<unitsPerMetre>), query(kTmode2, is<timeMode, 2>)},
          {1},
-         {500},
-         becomesFirst<cableDelay>,
-         isFirst<cableDelay>},
-        {"getSurveyMode",
-         Kind::query,
-         kTmode2,
-         0,
-         getText<&Control::getSurveyMode>,
-         {},
-         {},
-         nullptr,
-         nullptr,
-         showMode},
-        {"setSurveyAuto",
-         Kind::verifiedSet,
-         kTmode2,
-         kTmode2,
-         setSurvey,
-         {1000, 1},
-         {20000, 50},
-         becomesSurvey<unitsPerMetre>,
-         hasMode<1>},
-        {"setSurveyStatic", Kind::verifiedSet, kTmode2, kTmode2, setFixed, {}, {}, becomesFixedByMessage, hasMode<2>},
-        {"setSurveyDynamic",
-         Kind::verifiedSet,
-         kTmode2,
-         kTmode2,
-         run<&Control::setSurveyDynamic>,
-         {},
-         {},
-         becomesDynamicByMessage,
-         hasMode<0>},
-        {"getTimeReference", Kind::query, kRate, 0, getText<&Control::getTimeReference>},
-        {"setTimeReference", Kind::pollModifySend, kRate, kRate, setReference, {0}, {1}, becomesFirst<timeReference>},
-        {"getGnssSystem", Kind::query, kGnss, 0, kGetSystems, {}, {}, nullptr, nullptr, showNumber<constellations>},
-        {"setGnssSystem",
-         Kind::verifiedSet,
-         kGnss,
-         kGnss,
-         setSystems,
-         {0},
-         {3},
-         becomesSystems,
-         areSystems,
-         nullptr,
-         Special::setsTimePulses},
-    };
-}
-
-/// Of a NEO-M8T only: a ZED-F9T's keys have no place for what these put beside their setting.
-std::vector<Operation> interferenceByMessages()
-{
-    return {
-        {"getAntennaType",
-         Kind::query,
-         kItfm,
-         0,
-         getText<&Control::getAntennaType>,
-         {},
-         {},
-         nullptr,
-         nullptr,
-         showType},
-        {"setAntennaType", Kind::pollModifySend, kItfm, kItfm, setType, {1}, {2}, becomesTypeByMessage},
-        {"getJammingDetection", Kind::query, kItfm, 0, kGetJamming, {}, {}, nullptr, nullptr, showJammingByMessage},
-        {"setJammingDetection", Kind::pollModifySend, kItfm, kItfm, kSetJamming, {0}, {1}, becomesJammingByMessage},
+         {200}},
+        // Switched off, the receiver keeps the rest of the message's fields.
+        {"setSurveyDynamic", kSetDynamic, {set(kTmode2, becomes<timeMode, 0>), query(kTmode2, is<timeMode, 0>)}},
+        {"getTimeReference", kGetReference, {query(kRate)}, {}, {}, showReferenceByMessage},
+        {"setTimeReference", setReference, {modify(kRate, becomesFirst<timeReference>)}, {0}, {1}},
+        {"getGnssSystem", kGetSystems, {query(kGnss)}, {}, {}, showNumber<constellations>},
+        {"setGnssSystem", setSystems, setsSystems(changesSystems), {0, 1}, {3, 1}},
+        {"setGnssSystem with bands", setSystemsAndBands, setsSystems(changesSystems), {0, 0}, {3, 1}},
+        {"getAntennaType", kGetType, {query(kItfm)}, {}, {}, showType},
+        {"setAntennaType", setType, {modify(kItfm, becomesTypeByMessage)}, {1}, {2}},
+        {"getJammingDetection", kGetJamming, {query(kItfm)}, {}, {}, showJammingByMessage},
+        {"setJammingDetection", kSetJamming, {modify(kItfm, becomesJammingByMessage)}, {0}, {1}},
+        {"setUtcStandardAuto", run<&Control::setUtcStandardAuto>, setsAutomaticUtc()},
+        {"configTimePulse", setPulse, setsPulse(), {0, 0}, {1, 1}},
+        {"isOn", kIsOn, {query(kTp5)}, {}, {}, showNumber<secondPulse>},
+        {"turnOff", run<&Control::turnOff>, turnsOff(query(kGnss), setsPulse(), query(kTp5, is<secondPulse, 0>))},
+        {"turnOn", run<&Control::turnOn>, turnsOn(query(kGnss), setsPulse(), query(kTp5, is<secondPulse, 1>))},
     };
 }
 
 std::vector<Operation> byItems()
 {
-    constexpr Kind get = Kind::itemQuery;
-    constexpr Kind set = Kind::verifiedItemSet;
+    const Step elevationSet = set(kValset, becomesFirst<elevation>);
+    const Step jammingRead = intoNumber(itemQuery(isFirst<jamming>));
     return {
-        {"getMinCNo", get, kValget, 0, kGetMinCNo, {}, {}, nullptr, nullptr, showNumber<minCNo>},
-        {"setMinCNo", set, kValget, kValset, kSetMinCNo, {1}, {50}, becomesFirst<minCNo>, isFirst<minCNo>},
-        {"getElevationLimit", get, kValget, 0, kGetElevation, {}, {}, nullptr, nullptr, showNumber<elevation>},
-        {"setElevationLimit",
-         set,
-         kValget,
-         kValset,
-         kSetElevation,
-         {5},
-         {60},
-         becomesFirst<elevation>,
-         isFirst<elevation>},
-        {"getAntennaDelay", get, kValget, 0, kGetDelay, {}, {}, nullptr, nullptr, showNumber<cableDelay>},
+        {"getMinCNo", kGetMinCNo, {itemQuery()}, {}, {}, showNumber<minCNo>},
+        {"setMinCNo", kSetMinCNo, {set(kValset, becomesFirst<minCNo>), itemQuery(isFirst<minCNo>)}, {1}, {50}},
+        {"getElevationLimit", kGetElevation, {itemQuery()}, {}, {}, showNumber<elevation>},
+        {"setElevationLimit", kSetElevation, {elevationSet, itemQuery(isFirst<elevation>)}, {5}, {60}},
+        {"getAntennaDelay", kGetDelay, {itemQuery()}, {}, {}, showNumber<cableDelay>},
         {"setAntennaDelay",
-         set,
-         kValget,
-         kValset,
          kSetDelay,
+         {set(kValset, becomesFirst<cableDelay>), itemQuery(isFirst<cableDelay>)},
          {1},
-         {500},
-         becomesFirst<cableDelay>,
-         isFirst<cableDelay>},
-        {"getSurveyMode", get, kValget, 0, getText<&Control::getSurveyMode>, {}, {}, nullptr, nullptr, showMode},
-        {"setSurveyAuto", set, kValget, kValset, setSurvey, {1000, 1}, {20000, 50}, becomesSurvey<10000>, isSurvey},
-        {"setSurveyStatic", set, kValget, kValset, setFixed, {}, {}, becomesFixed, hasMode<2>},
-        {"setSurveyDynamic",
-         set,
-         kValget,
-         kValset,
-         run<&Control::setSurveyDynamic>,
-         {},
-         {},
-         becomesDynamic,
-         hasMode<0>},
-        {"getTimeReference",
-         get,
-         kValget,
-         0,
-         getText<&Control::getTimeReference>,
-         {},
-         {},
-         nullptr,
-         nullptr,
-         showReference},
+         {500}},
+        {"getSurveyMode", kGetMode, {itemQuery()}, {}, {}, showMode},
+        {"setSurveyAuto", setSurvey, setsSurveyByItems(), {1000, 1}, {20000, 50}},
+        {"setSurveyAuto()", kSetDefaultSurvey, with({10800, 1}, setsSurveyByItems())},
+        {"setSurveyStatic", setFixed, {set(kValset, becomesFixedByItems), itemQuery(is<timeMode, 2>)}, {1}, {200}},
+        {"setSurveyDynamic", kSetDynamic, {set(kValset, becomesDynamicByItems), itemQuery(is<timeMode, 0>)}},
+        {"getTimeReference", kGetReference, {itemQuery()}, {}, {}, showReference},
         {"setTimeReference",
-         set,
-         kValget,
-         kValset,
          setReference,
+         {set(kValset, becomesFirst<timeReference>), itemQuery(isFirst<timeReference>)},
          {0},
-         {4},
-         becomesFirst<timeReference>,
-         isFirst<timeReference>},
-        {"getAntennaType", get, kValget, 0, getText<&Control::getAntennaType>, {}, {}, nullptr, nullptr, showType},
-        {"setAntennaType", set, kValget, kValset, setType, {0}, {2}, becomesFirst<antennaType>, isFirst<antennaType>},
-        {"getJammingDetection", get, kValget, 0, kGetJamming, {}, {}, nullptr, nullptr, showNumber<jamming>},
-        {"setJammingDetection",
-         set,
-         kValget,
-         kValset,
-         kSetJamming,
+         {4}},
+        {"getAntennaType", kGetType, {itemQuery()}, {}, {}, showType},
+        {"setAntennaType",
+         setType,
+         {set(kValset, becomesFirst<antennaType>), itemQuery(isFirst<antennaType>)},
          {0},
-         {1},
-         becomesFirst<jamming>,
-         isFirst<jamming>,
-         nullptr,
-         Special::none,
-         true},
-        {"getGnssSystem", get, kValget, 0, kGetSystems, {}, {}, nullptr, nullptr, showNumber<constellations>},
-        {"setGnssSystem", set, kValget, kValset, setSystems, {0}, {4}, becomesSystemsByItems, areSystems},
+         {2}},
+        {"getJammingDetection", kGetJamming, {itemQuery()}, {}, {}, showNumber<jamming>},
+        {"setJammingDetection", kSetJamming, {set(kValset, becomesFirst<jamming>), jammingRead}, {0}, {1}},
+        {"getGnssSystem", kGetSystems, {itemQuery()}, {}, {}, showNumber<constellations>},
+        {"setGnssSystem", setSystems, setsSystemsByItems(), {0, 1}, {4, 1}},
+        {"setGnssSystem with bands", setSystemsAndBands, setsSystemsByItems(), {0, 0}, {4, 1}},
+        {"setUtcStandardAuto", run<&Control::setUtcStandardAuto>, {set(kValset, becomes<utcStandard, 0>)}},
+        {"setUtsStandardTime", setStandard, {set(kValset, becomesStandardByItems)}, {0}, {3}},
+        {"configTimePulse", setPulse, setsPulseByItems(), {0, 0}, {1, 1}},
+        {"isOn", kIsOn, {itemQuery()}, {}, {}, showNumber<secondPulse>},
+        {"turnOff", run<&Control::turnOff>, turnsOff(itemQuery(), setsPulseByItems(), itemQuery(is<secondPulse, 0>))},
+        {"turnOn", run<&Control::turnOn>, turnsOn(itemQuery(), setsPulseByItems(), itemQuery(is<secondPulse, 1>))},
     };
 }
 
-std::vector<Operation> together(std::vector<Operation> some, const std::vector<Operation>& others)
+std::vector<Operation> ofNeoM8t()
 {
-    some.insert(some.end(), others.begin(), others.end());
-    return some;
+    const Steps defaults = setsDefaults<kMillimetres>(becomesSystems);
+    const Steps period = {set(kPm2, becomes<powerUpdatePeriod, 1000>)};
+    const Steps output =
+        together({period, {set(kMsg, becomes<satelliteRate, 1>)}, with({0}, {set(kMsg, becomesSentences)})});
+    const Steps moving = together({setsSbas(), with({0, 3}, setsModels()), setsAutomaticUtc()});
+    return {
+        {"getSurveyInfo", getSurvey, readsSurvey(), {}, {}, showSurvey<1>, words::kAnswerPosllh},
+        {"getRxMode", kGetRxMode, {query(kRxm)}, {}, {}, showRxMode},
+        {"setRxMode", setRxMode, {modify(kRxm, becomesRxMode)}, {0}, {2}},
+        {"setRxMode of another word", setRxMode, {kRefusal}, {3}, {3}},
+        {"setUtsStandardTime", setStandard, {}, {0}, {3}},
+        {"configureUbxPolling", kSetSolutionRates, {set(kMsg, becomesFirst<satelliteRate>)}, {0}, {1}},
+        {"configurNmeaPollingPartial", kSetFewSentences, {set(kMsg, becomesFewSentences)}, {0}, {1}},
+        {"configExtendedPowerManagment", run<&Control::configExtendedPowerManagment>, period},
+        {"programGroupDelayCal", kSetGroupDelay, {}, {0}, {1000}},
+        {"getResetInfo", run<&Control::getResetInfo>},
+        {"setDefaultConfiguration", run<&Control::setDefaultConfiguration>, defaults},
+        {"setApplicationDefaults", run<&Control::setApplicationDefaults>, moving},
+        {"resetFactoryDefaults", run<&Control::resetFactoryDefaults>, resetsToFactory(output, defaults)},
+    };
+}
+
+/// Of a ZED-F9T whatever the drive. Its firmware has no power modes, and takes a group delay for a poll of no item.
+std::vector<Operation> ofZedF9t()
+{
+    const Steps defaults = setsDefaults<kTenths>(becomesSystemsAndBandsByMessage);
+    const Steps output =
+        together({{set(kValset, becomes<satelliteRate, 1>)}, with({0}, {set(kMsg, becomesSentences)})});
+    const Steps moving = together({setsProtocols(), with({0, 3}, setsModels()), setsAutomaticUtc()});
+    return {
+        {"getSurveyInfo", getSurvey, readsSurvey(), {}, {}, showSurvey<10>, words::kAnswerPosllh},
+        {"getRxMode", kGetRxMode},
+        {"setRxMode", setRxMode, {}, {0}, {3}},
+        {"configureUbxPolling", kSetSolutionRates, {set(kValset, becomesFirst<satelliteRate>)}, {0}, {1}},
+        {"configurNmeaPollingPartial", kSetFewSentences, {set(kMsg, becomesFirst<gsaRate>)}, {0}, {1}},
+        {"configExtendedPowerManagment", run<&Control::configExtendedPowerManagment>},
+        {"programGroupDelayCal", kSetGroupDelay, {set(kValget)}, {0}, {1000}},
+        {"getResetInfo", run<&Control::getResetInfo>, {query(kRst)}, {}, {}, nullptr, words::kAnswerReset},
+        {"setDefaultConfiguration", run<&Control::setDefaultConfiguration>, defaults},
+        {"setApplicationDefaults", run<&Control::setApplicationDefaults>, moving},
+        {"resetFactoryDefaults", run<&Control::resetFactoryDefaults>, resetsToFactory(output, defaults)},
+    };
+}
+
+std::vector<Operation> joined(const std::vector<std::vector<Operation>>& tables)
+{
+    std::vector<Operation> all;
+    for (const std::vector<Operation>& table : tables)
+        all.insert(all.end(), table.begin(), table.end());
+    return all;
 }
 
 } // namespace
 
 const std::vector<Operation>& operationsOf(Drive drive)
 {
-    constexpr long kMillimetres = 1000;
-    constexpr long kTenths = 10000;
+    const Operation standards{"setUtsStandardTime", setStandard, {set(kNav5, becomesStandardByMessage)}, {0}, {3}};
     static const std::vector<Operation> tables[kDrives] = {
-        together(together(byMessages<kMillimetres>(), interferenceByMessages()), common()),
-        together(byItems(), common()), together(byMessages<kTenths>(), common())};
+        joined({common(), byMessages<kMillimetres>(becomesSystems), ofNeoM8t()}),
+        joined({common(), byItems(), ofZedF9t()}),
+        joined({common(), byMessages<kTenths>(becomesSystemsAndBandsByMessage), {standards}, ofZedF9t()})};
     return tables[static_cast<std::size_t>(drive)];
 }
 

@@ -29,14 +29,31 @@ enum Field : std::size_t
     elevation,
     dynamicModel,
     fixMode,
+    utcStandard,
     cableDelay,
+    firstPulse,
+    secondPulse,
     timeMode,
+    positionType,
+    latitude, ///< of the fixed position, in units of its message, as are the next two
+    longitude,
+    height,
+    positionAccuracy, ///< mm of a NEO-M8T, tenths of a ZED-F9T
     surveyDuration,
-    surveyLimit, ///< mm of a NEO-M8T, tenths of a ZED-F9T
+    surveyLimit, ///< the same units
     timeReference,
     antennaType,
-    jamming, ///< of a NEO-M8T the byte that it is read from
+    jamming,
+    jammingByte, ///< where messages put the detection
     constellations,
+    secondBand, ///< of GPS
+    rxMode,
+    powerUpdatePeriod,
+    sbasSatellites,
+    outProtocols,  ///< of a ZED-F9T those of its USB port
+    satelliteRate, ///< of a ZED-F9T on its I2C port
+    gsaRate,
+    ggaRate,
     kFields
 };
 

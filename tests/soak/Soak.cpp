@@ -64,6 +64,16 @@ Soak::Soak(Library& library, unsigned seed) : library_(library), random_(seed)
     for (Receiver& receiver : receivers_) {
         receiver.knowledge.settings = settingsOf(*receiver.simulator, &receiver == &receivers_[1]);
         receiver.knowledge.saved = receiver.knowledge.settings;
+        receiver.knowledge.factory = receiver.knowledge.settings;
+    }
+}
+
+// What is made once, a file that names the receiver among it, is made now.
+void Soak::begin()
+{
+    for (const Drive drive : {Drive::neoM8t, Drive::zedF9tItems, Drive::zedF9tMessages}) {
+        for (std::size_t index = 0; index < operationsOf(drive).size(); ++index)
+            if (operationsOf(drive)[index].run == nullptr) perform(drive, index, {}, {});
     }
 }
 
@@ -102,6 +112,15 @@ void Soak::waitUntilAllIsRead(const Receiver& receiver)
     receiver.simulator->clearReceived();
 }
 
+void Soak::waitUntilGone(const Receiver& receiver)
+{
+    const std::string path = receiver.simulator->devicePath();
+    for (const auto until = std::chrono::steady_clock::now() + 20s; ::access(path.c_str(), F_OK) == 0;) {
+        if (std::chrono::steady_clock::now() > until) fail("the device does not leave");
+        std::this_thread::sleep_for(1ms);
+    }
+}
+
 Arguments Soak::chooseArguments(const Operation& operation)
 {
     const auto between = [this](long lowest, long highest) {
@@ -111,30 +130,65 @@ Arguments Soak::chooseArguments(const Operation& operation)
     return {first, between(operation.lowest.second, operation.highest.second)};
 }
 
-void Soak::learn(Receiver& receiver, const Operation& operation, Arguments arguments, const Expectation& expected,
-                 Group group)
+void Soak::disturb(Drive drive, const Operation& operation, const Fault& fault)
 {
-    Knowledge& knowledge = receiver.knowledge;
-    const bool isSaved = operation.special == Operation::Special::save && group != Group::setLost &&
-                         group != Group::lineFull && group != Group::deviceGone && group != Group::restart;
-    knowledge.settings = expected.settings;
-    if (isSaved) knowledge.saved = expected.settings;
-    // The library keeps the delay whatever becomes of the message.
-    if (operation.kind == Kind::verifiedSet && std::string(operation.name) == "setAntennaDelay") {
-        knowledge.templateDelay = arguments.first;
-    }
+    Receiver& receiver = receiverOf(drive);
+    sandbox::linkGps(receiver.simulator->devicePath());
+    for (const std::string& words : fault.before)
+        play(receiver, words);
+    // Behind the fault's: the first that fits a request counts.
+    if (operation.answer != nullptr) play(receiver, operation.answer);
+    if (fault.group == Group::powerFailure) waitUntilStarted(drive);
+    if (fault.noDevice) sandbox::removeGps();
 }
 
-void Soak::step()
+void Soak::recover(Drive drive, const Fault& fault)
 {
-    const auto drive = static_cast<Drive>(random_() % kDrives);
-    const std::vector<Operation>& operations = operationsOf(drive);
-    const std::size_t index = random_() % operations.size();
-    const Operation& operation = operations[index];
-    const Arguments arguments = chooseArguments(operation);
-    const Fault fault = chooseFault(operation, random_);
     Receiver& receiver = receiverOf(drive);
-    const Expectation expected = expectationOf(operation, arguments, fault.group, receiver.knowledge);
+    const bool isGone = fault.group == Group::lineFull || fault.group == Group::deviceGone;
+    if (fault.group == Group::deviceLeaves) waitUntilGone(receiver);
+    if (!isGone && fault.group != Group::deviceLeaves) waitUntilAllIsRead(receiver); // and has met its fault
+    if (fault.group == Group::noReply && fault.before[0].rfind("late", 0) == 0)
+        std::this_thread::sleep_for(kLateAnswer);
+    for (const std::string& words : fault.after)
+        play(receiver, words);
+    play(receiver, "clear-faults");
+    sandbox::linkGps(receiver.simulator->devicePath());
+    if (fault.group == Group::restart || fault.group == Group::saveCutShort) waitUntilStarted(drive);
+    if (isGone || fault.group == Group::deviceLeaves) waitUntilAllIsRead(receiver);
+}
+
+void Soak::compare(Drive drive, const Operation& operation, const Expectation& expected)
+{
+    const std::string& what = history_.back();
+    Receiver& receiver = receiverOf(drive);
+    if (last_.status != expected.status) {
+        fail(what + " gave the status " + std::to_string(last_.status) + ", not " + std::to_string(expected.status));
+    }
+    const Settings& wanted = expected.afterwards.settings;
+    if (expected.shows && last_.shown != operation.expected(wanted)) {
+        fail(what + " gave " + last_.shown + ", not " + operation.expected(wanted));
+    }
+    const std::string model = isZedF9t(drive) && expected.isFound ? "ZEDF9T" : "NEOM8T";
+    if (operation.run == nullptr && last_.shown != model) fail(what + " found a " + last_.shown + ", not a " + model);
+
+    const Settings held = settingsOf(*receiver.simulator, isZedF9t(drive));
+    receiver.knowledge = expected.afterwards;
+    if (expected.orElse) {
+        for (std::size_t field = 0; field < kFields; ++field) {
+            if (held[field] != (*expected.orElse)[field]) continue;
+            receiver.knowledge.settings[field] = held[field];
+            receiver.knowledge.saved[field] = held[field];
+        }
+    }
+    const std::string wrong = differences(held, receiver.knowledge.settings);
+    if (!wrong.empty()) fail("after " + what + " the receiver has " + wrong);
+}
+
+void Soak::perform(Drive drive, std::size_t index, Arguments arguments, const Fault& fault)
+{
+    const Operation& operation = operationsOf(drive)[index];
+    const Expectation expected = expectationOf(operation, arguments, fault, receiverOf(drive).knowledge);
 
     std::ostringstream what;
     what << kDriveNames[static_cast<std::size_t>(drive)] << ": " << operation.name << '(' << arguments.first << ", "
@@ -143,43 +197,24 @@ void Soak::step()
     history_.push_back(what.str());
     if (history_.size() > kHistory) history_.pop_front();
 
-    sandbox::linkGps(receiver.simulator->devicePath());
-    for (const std::string& words : fault.before)
-        play(receiver, words);
-    if (fault.group == Group::powerFailure) waitUntilStarted(drive);
-    if (fault.noDevice) sandbox::removeGps();
-
+    disturb(drive, operation, fault);
     last_ = library_.run(drive, index, arguments, expected.clockSpeed);
     bytesInUse_.push_back(last_.bytesInUse);
     if (bytesInUse_.size() > kHistory) bytesInUse_.pop_front();
+    recover(drive, fault);
+    compare(drive, operation, expected);
 
-    const bool takesAll = fault.group != Group::lineFull && fault.group != Group::deviceGone;
-    if (takesAll) waitUntilAllIsRead(receiver); // and has met its fault
-    if (fault.group == Group::noReply && fault.before[0].rfind("late", 0) == 0)
-        std::this_thread::sleep_for(kLateAnswer);
-    for (const std::string& words : fault.after)
-        play(receiver, words);
-    sandbox::linkGps(receiver.simulator->devicePath());
-    if (fault.group == Group::restart) waitUntilStarted(drive);
-    if (!takesAll) waitUntilAllIsRead(receiver);
-
-    if (last_.status != expected.status) {
-        fail(what.str() + " gave the status " + std::to_string(last_.status) + ", not " +
-             std::to_string(expected.status));
-    }
-    if (expected.shows && last_.shown != operation.expected(expected.settings)) {
-        fail(what.str() + " gave " + last_.shown + ", not " + operation.expected(expected.settings));
-    }
-    const std::string model = isZedF9t(drive) && expected.isFound ? "ZEDF9T" : "NEOM8T";
-    if (operation.kind == Kind::identification && last_.shown != model) {
-        fail(what.str() + " found a " + last_.shown + ", not a " + model);
-    }
-    const std::string wrong = differences(settingsOf(*receiver.simulator, isZedF9t(drive)), expected.settings);
-    if (!wrong.empty()) fail("after " + what.str() + " the receiver has " + wrong);
-
-    learn(receiver, operation, arguments, expected, fault.group);
     ++byDrive_[static_cast<std::size_t>(drive)];
     ++byFault_[static_cast<std::size_t>(fault.group)];
+}
+
+void Soak::step()
+{
+    const auto drive = static_cast<Drive>(random_() % kDrives);
+    const std::vector<Operation>& operations = operationsOf(drive);
+    const std::size_t index = random_() % operations.size();
+    const Arguments arguments = chooseArguments(operations[index]);
+    perform(drive, index, arguments, chooseFault(operations[index], receiverOf(drive).knowledge.settings, random_));
 }
 
 Soak::Held Soak::holds() const

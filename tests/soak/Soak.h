@@ -21,6 +21,9 @@ class Soak
 public:
     Soak(Library& library, unsigned seed);
 
+    /// The receivers are identified. @throws as step().
+    void begin();
+
     /// One operation. @throws std::runtime_error that tells what is not as it must be.
     void step();
 
@@ -53,9 +56,12 @@ private:
     void play(Receiver& receiver, const std::string& words);
     void waitUntilStarted(Drive drive);
     static void waitUntilAllIsRead(const Receiver& receiver);
-    void learn(Receiver& receiver, const Operation& operation, Arguments arguments, const Expectation& expected,
-               Group group);
+    static void waitUntilGone(const Receiver& receiver);
+    void disturb(Drive drive, const Operation& operation, const Fault& fault);
+    void recover(Drive drive, const Fault& fault);
+    void compare(Drive drive, const Operation& operation, const Expectation& expected);
     Arguments chooseArguments(const Operation& operation);
+    void perform(Drive drive, std::size_t index, Arguments arguments, const Fault& fault);
     Held holds() const;
 
     Library& library_;
