@@ -129,10 +129,27 @@ TEST(MessageList, KeepsTheOrderOfManyMessagesWhileTheOldestAreTakenOut)
     add(1, 8);
     take(1, 3);
     add(9, 20); // more than there was room for, with a few of the oldest taken
-    take(4, 18);
+    take(4, 19);
     add(21, 40); // the same, with most of them taken
     EXPECT_EQ(numberOf(list.findFirstOfMessage(UBX_NAV_PVT)), 40);
-    take(19, 39);
+    take(20, 39);
+    EXPECT_TRUE(list.isEmpty());
+}
+
+TEST(MessageList, PassesOverANullPointerThatWasPutIn)
+{
+    UBXMessageList list;
+    list.AddMessage(numbered(UBX_NAV_PVT, 1));
+    list.AddMessage(nullptr);
+
+    EXPECT_EQ(numberOf(list.findFirstOfMessage(UBX_NAV_PVT)), 1);
+    EXPECT_EQ(list.findFirstOfMessage(UBX_NAV_PVT), nullptr);
+    EXPECT_FALSE(list.isEmpty());
+    EXPECT_EQ(list.getMessage(), nullptr);
+    EXPECT_TRUE(list.isEmpty());
+
+    list.AddMessage(nullptr);
+    list.Empty();
     EXPECT_TRUE(list.isEmpty());
 }
 

@@ -87,6 +87,19 @@ TEST_F(ShowPacket, IsDoneForAWholeListFromNewestToOldest)
     EXPECT_FALSE(list.isEmpty());
 }
 
+TEST_F(ShowPacket, PassesOverANullPointerInAList)
+{
+    UBXMessageList list;
+    list.AddMessage(nullptr);
+    list.AddMessage(new UBXMessage(0x0107, 0, nullptr));
+    list.AddMessage(nullptr);
+    const CapturedOutput output(STDOUT_FILENO);
+
+    list.DumpMessages();
+
+    EXPECT_EQ(output.text(), "Navigation Position Velocity Time Solution B5 62 01 07 00 00 08 19 \n");
+}
+
 TEST_F(ShowPacket, WritesNothingForAnEmptyList)
 {
     UBXMessageList list;
