@@ -157,4 +157,29 @@ inline int restart(Control& control, Arguments arguments, std::string&)
     return control.restart(arguments.first != 0);
 }
 
+/// An argument that is out of range, or a word that is none.
+inline int refused(Control& control, Arguments arguments, std::string& shown)
+{
+    switch (arguments.first) {
+    case 0:
+        return control.setMinCNo(51);
+    case 1:
+        return control.setElevationLimit(61);
+    case 2:
+        return control.setAntennaDelay(32768);
+    case 3:
+        return control.setSurveyAuto(30000001, 1);
+    case 4:
+        return control.setSurveyStatic(-31.9505, 115.8605, 24.5, 0);
+    case 5:
+        return control.setSurveyMode("static");
+    case 6:
+        return control.setTimeReference("utc");
+    case 7:
+        return control.setAntennaType("Active");
+    default:
+        return control.getNavsolution("NAV", shown);
+    }
+}
+
 } // namespace soak::calls

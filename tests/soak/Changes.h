@@ -58,30 +58,36 @@ inline void becomesModels(Knowledge& knowledge, Arguments arguments)
     knowledge.settings[fixMode] = arguments.second;
 }
 
-inline void becomesMode(Settings& settings, long mode, long type)
+// The mode decides what the message's coordinates are. The other sort stays as it was.
+inline void becomesMode(Settings& settings, long mode, const Settings& fields)
 {
     settings[timeMode] = mode;
-    settings[positionType] = type;
-    for (const Field field : {latitude, longitude, height, positionAccuracy, surveyDuration, surveyLimit})
-        settings[field] = 0;
+    settings[positionType] = mode == 2 ? 1 : 0;
+    settings[mode == 2 ? latitude : ecefX] = fields[latitude];
+    settings[mode == 2 ? longitude : ecefY] = fields[longitude];
+    settings[mode == 2 ? height : ecefZ] = fields[height];
+    for (const Field field : {positionAccuracy, surveyDuration, surveyLimit})
+        settings[field] = fields[field];
 }
 
 template <long unitsPerMetre>
 void becomesSurveyByMessage(Knowledge& knowledge, Arguments arguments)
 {
-    becomesMode(knowledge.settings, 1, 0);
-    knowledge.settings[surveyDuration] = arguments.first;
-    knowledge.settings[surveyLimit] = arguments.second * unitsPerMetre;
+    Settings fields{};
+    fields[surveyDuration] = arguments.first;
+    fields[surveyLimit] = arguments.second * unitsPerMetre;
+    becomesMode(knowledge.settings, 1, fields);
 }
 
 template <long unitsPerMetre>
 void becomesFixedByMessage(Knowledge& knowledge, Arguments arguments)
 {
-    becomesMode(knowledge.settings, 2, 1);
-    knowledge.settings[latitude] = kFixedLatitude;
-    knowledge.settings[longitude] = kFixedLongitude;
-    knowledge.settings[height] = kFixedHeight;
-    knowledge.settings[positionAccuracy] = arguments.first * unitsPerMetre;
+    Settings fields{};
+    fields[latitude] = kFixedLatitude;
+    fields[longitude] = kFixedLongitude;
+    fields[height] = kFixedHeight;
+    fields[positionAccuracy] = arguments.first * unitsPerMetre;
+    becomesMode(knowledge.settings, 2, fields);
 }
 
 inline void becomesSurveyByItems(Knowledge& knowledge, Arguments arguments)
@@ -128,12 +134,11 @@ inline void notesSurvey(Knowledge& knowledge, Arguments)
 // A receiver that is told to do without time mode keeps the rest of the message's fields.
 inline void becomesModeWithWhatWasFound(Knowledge& knowledge, Arguments arguments)
 {
-    Settings& settings = knowledge.settings;
-    settings[timeMode] = arguments.first;
-    if (arguments.first == 0) return;
-    settings[positionType] = arguments.first == 2 ? 1 : 0;
-    for (const Field field : {latitude, longitude, height, positionAccuracy, surveyDuration, surveyLimit})
-        settings[field] = knowledge.found[field];
+    if (arguments.first == 0) {
+        knowledge.settings[timeMode] = 0;
+    } else {
+        becomesMode(knowledge.settings, arguments.first, knowledge.found);
+    }
 }
 
 // The setting of the antenna holds the byte that the detection is read from, and the other way about.

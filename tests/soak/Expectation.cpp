@@ -74,20 +74,26 @@ public:
             expected_.status |= kMismatch;
             return;
         }
-        Found found = Found::whatIsThere;
-        if (step.isPoll()) found = poll(step, arguments);
-        // What is too short to be changed is too short to be set.
-        if (step.isSet() && (step.kind == Step::Kind::set || found == Found::whatIsThere)) send(step, arguments);
+        const Found found = step.isPoll() ? poll(step, arguments) : Found::whatIsThere;
+        if (step.isSet() && found != Found::nothing) send(step, arguments, found);
     }
 
     Expectation end()
     {
+        if (isReadAll()) expected_.messages = messages_;
         // As long as something will come, the time limit must leave it the time.
         if (isAnswered_ && isUnanswered_) expected_.clockSpeed = std::min(expected_.clockSpeed, kRatherFast);
         return expected_;
     }
 
 private:
+    // Nobody counts what the identification says, in its three tries.
+    bool isReadAll() const
+    {
+        return !isIdentification_ && fault_.group != Group::lineFull && fault_.group != Group::deviceGone &&
+               fault_.group != Group::deviceLeaves;
+    }
+
     static const Row& rowOf(Group group) { return kRows[static_cast<std::size_t>(group)]; }
 
     const Row& rowOf(Part part, std::uint16_t message)
@@ -104,9 +110,11 @@ private:
     Found poll(const Step& step, Arguments arguments)
     {
         const Row& row = rowOf(Part::polls, step.message);
+        write(step, arguments);
         (row.found == Found::nothing ? isUnanswered_ : isAnswered_) = true;
         if (step.kind == Step::Kind::identification) {
             expected_.isFound = row.found == Found::whatIsThere;
+            isIdentification_ = true;
             return row.found;
         }
         lastPoll_ = step.kind == Step::Kind::itemQuery ? row.itemQuery : row.query;
@@ -131,10 +139,18 @@ private:
         return step.readsNumber && step.asWanted(zeros, arguments);
     }
 
-    void send(const Step& step, Arguments arguments)
+    void write(const Step& step, Arguments arguments)
     {
+        const unsigned frames = step.frames != nullptr ? step.frames(arguments) : 1;
+        messages_.insert(messages_.end(), frames, step.message);
+    }
+
+    void send(const Step& step, Arguments arguments, Found changed)
+    {
+        write(step, arguments);
         if (step.remember != nullptr) step.remember(expected_.afterwards, arguments);
         if (!rowOf(Part::sets, step.message).isSet || step.change == nullptr) return;
+        if (changed == Found::zeros) return; // what is too short to be changed is too short to be set
         if (fault_.group == Group::saveCutShort && step.change == changes::saves) {
             expected_.orElse = expected_.afterwards.settings;
             expected_.afterwards.settings = expected_.afterwards.saved;
@@ -146,7 +162,9 @@ private:
 
     const Fault& fault_;
     Expectation expected_;
+    std::vector<std::uint16_t> messages_;
     int lastPoll_ = 0;
+    bool isIdentification_ = false;
     bool isDown_ = false; ///< the receiver, from now on
     bool isAnswered_ = false;
     bool isUnanswered_ = false;

@@ -9,8 +9,10 @@ namespace soak
 struct Expectation
 {
     int status = 0;
-    bool shows = false;   ///< whether what a query shows is to be compared
-    bool isFound = true;  ///< of an identification: it finds the model
+    bool shows = false;  ///< whether what a query shows is to be compared
+    bool isFound = true; ///< of an identification: it finds the model
+    /// What comes to the receiver, in this order, where it can be told.
+    std::optional<std::vector<std::uint16_t>> messages = {};
     Knowledge afterwards; ///< what the receiver and the library hold then
     /// Of a save that was cut short: each setting is the one of `afterwards`, or that which was to be saved.
     std::optional<Settings> orElse = {};

@@ -76,7 +76,9 @@ private:
     UBXControlInterface& controllerFor(Drive drive)
     {
         if (drive == Drive::neoM8t) return neoM8t_;
-        zedF9t_.setZedf9tConfigurationInterfaceMode(drive == Drive::zedF9tItems);
+        // Only when it is to be another one: operations that change it for themselves must put it back.
+        if (drive != zedF9tDrive_) zedF9t_.setZedf9tConfigurationInterfaceMode(drive == Drive::zedF9tItems);
+        zedF9tDrive_ = drive;
         return zedF9t_;
     }
 
@@ -91,6 +93,7 @@ private:
 
     ubxController_NEOM8T neoM8t_;
     ubxController_ZEDF9T zedF9t_{"FWVER=TIM 2.20", true};
+    Drive zedF9tDrive_ = Drive::zedF9tItems;
 };
 
 [[noreturn]] void work(int connection)

@@ -54,9 +54,9 @@ std::vector<Operation> common()
         {"getSatelliteInfo", getSatellites, {query(kSat)}},
         {"getNofSatellitesInNavSol", getCount, {query(kPvt)}},
         {"getInfo", getVersions, {query(kVer)}},
-        {"restart", restart, {set(kRst)}, {0}, {1}},
+        {"restart", restart, {times<2>(set(kRst))}, {0}, {1}},
         {"configureSBAS", run<&Control::configureSBAS>, setsSbas()},
-        {"configureNmeaPolling", kSetSentences, {set(kMsg, becomesSentences)}, {0}, {1}},
+        {"configureNmeaPolling", kSetSentences, setsSentences(), {0}, {1}},
         {"configureProtocols", run<&Control::configureProtocols>, setsProtocols()},
         {"save", run<&Control::save>, {set(kCfg, saves)}},
         {"load", run<&Control::load>, {set(kCfg, loads)}},
@@ -64,15 +64,7 @@ std::vector<Operation> common()
         {"Init", run<&Control::Init>},
         {"setAntennaPower", setPower, {}, {0}, {1}},
         {"a new facade", nullptr, {{Step::Kind::identification, kVer}}},
-        {"setMinCNo of too much", kSetMinCNo, {kRefusal}, {51}, {127}},
-        {"setElevationLimit of too much", kSetElevation, {kRefusal}, {61}, {255}},
-        {"setAntennaDelay of too much", kSetDelay, {kRefusal}, {32768}, {70000}},
-        {"setSurveyAuto of too long", setSurvey, {kRefusal}, {30000001, 1}, {40000000, 50}},
-        {"setSurveyStatic of too little", setFixed, {kRefusal}, {0}, {0}},
-        {"setSurveyMode of another word", setMode, {kRefusal}, {3}, {3}},
-        {"setTimeReference of another word", setReference, {kRefusal}, {5}, {5}},
-        {"setAntennaType of another word", setType, {kRefusal}, {3}, {3}},
-        {"getNavsolution of another word", getSolution, {kRefusal}, {4}, {4}},
+        {"a refused argument", refused, {kRefusal}, {0}, {8}},
     };
 }
 
@@ -164,17 +156,15 @@ std::vector<Operation> ofNeoM8t()
 {
     const Steps defaults = setsDefaults<kMillimetres>(becomesSystems);
     const Steps period = {set(kPm2, becomes<powerUpdatePeriod, 1000>)};
-    const Steps output =
-        together({period, {set(kMsg, becomes<satelliteRate, 1>)}, with({0}, {set(kMsg, becomesSentences)})});
+    const Steps output = together({period, {set(kMsg, becomes<satelliteRate, 1>)}, with({0}, setsSentences())});
     const Steps moving = together({setsSbas(), with({0, 3}, setsModels()), setsAutomaticUtc()});
     return {
         {"getSurveyInfo", getSurvey, readsSurvey(), {}, {}, showSurvey<1>, words::kAnswerPosllh},
         {"getRxMode", kGetRxMode, {query(kRxm)}, {}, {}, showRxMode},
         {"setRxMode", setRxMode, {modify(kRxm, becomesRxMode)}, {0}, {2}},
-        {"setRxMode of another word", setRxMode, {kRefusal}, {3}, {3}},
         {"setUtsStandardTime", setStandard, {}, {0}, {3}},
         {"configureUbxPolling", kSetSolutionRates, {set(kMsg, becomesFirst<satelliteRate>)}, {0}, {1}},
-        {"configurNmeaPollingPartial", kSetFewSentences, {set(kMsg, becomesFewSentences)}, {0}, {1}},
+        {"configurNmeaPollingPartial", kSetFewSentences, {times<5>(set(kMsg, becomesFewSentences))}, {0}, {1}},
         {"configExtendedPowerManagment", run<&Control::configExtendedPowerManagment>, period},
         {"programGroupDelayCal", kSetGroupDelay, {}, {0}, {1000}},
         {"getResetInfo", run<&Control::getResetInfo>},
@@ -188,18 +178,17 @@ std::vector<Operation> ofNeoM8t()
 std::vector<Operation> ofZedF9t()
 {
     const Steps defaults = setsDefaults<kTenths>(becomesSystemsAndBandsByMessage);
-    const Steps output =
-        together({{set(kValset, becomes<satelliteRate, 1>)}, with({0}, {set(kMsg, becomesSentences)})});
+    const Steps output = together({{set(kValset, becomes<satelliteRate, 1>)}, with({0}, setsSentences())});
     const Steps moving = together({setsProtocols(), with({0, 3}, setsModels()), setsAutomaticUtc()});
     return {
         {"getSurveyInfo", getSurvey, readsSurvey(), {}, {}, showSurvey<10>, words::kAnswerPosllh},
         {"getRxMode", kGetRxMode},
-        {"setRxMode", setRxMode, {}, {0}, {3}},
+        {"setRxMode", setRxMode, {}, {0}, {2}},
         {"configureUbxPolling", kSetSolutionRates, {set(kValset, becomesFirst<satelliteRate>)}, {0}, {1}},
-        {"configurNmeaPollingPartial", kSetFewSentences, {set(kMsg, becomesFirst<gsaRate>)}, {0}, {1}},
+        {"configurNmeaPollingPartial", kSetFewSentences, {times<2>(set(kMsg, becomesFirst<gsaRate>))}, {0}, {1}},
         {"configExtendedPowerManagment", run<&Control::configExtendedPowerManagment>},
         {"programGroupDelayCal", kSetGroupDelay, {set(kValget)}, {0}, {1000}},
-        {"getResetInfo", run<&Control::getResetInfo>, {query(kRst)}, {}, {}, nullptr, words::kAnswerReset},
+        {"getResetInfo", run<&Control::getResetInfo>, {times<2>(query(kRst))}, {}, {}, nullptr, words::kAnswerReset},
         {"setDefaultConfiguration", run<&Control::setDefaultConfiguration>, defaults},
         {"setApplicationDefaults", run<&Control::setApplicationDefaults>, moving},
         {"resetFactoryDefaults", run<&Control::resetFactoryDefaults>, resetsToFactory(output, defaults)},

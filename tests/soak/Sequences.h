@@ -61,6 +61,11 @@ inline Steps setsAutomaticUtc()
     return {set(kNav5, becomes<utcStandard, 0>)};
 }
 
+inline Steps setsSentences()
+{
+    return {times<7>(set(kMsg, becomesSentences))};
+}
+
 inline Steps setsProtocols()
 {
     return {modify(kPrt, becomes<outProtocols, 3>)};
@@ -75,10 +80,11 @@ inline Steps setsPulseByItems()
 
 inline Steps setsSystemsByItems()
 {
-    return together({{set(kValset, becomesSystemsAndBandsByItems)},
-                     with({0, 1}, setsPulseByItems()),
-                     with({1, 1}, setsPulseByItems()),
-                     {itemQuery(areSystems)}});
+    Step systems = set(kValset, becomesSystemsAndBandsByItems);
+    // BeiDou has a setting of its own.
+    systems.frames = [](Arguments arguments) { return (words::kSelections[arguments.first] & 8) != 0 ? 2U : 1U; };
+    return together(
+        {{systems}, with({0, 1}, setsPulseByItems()), with({1, 1}, setsPulseByItems()), {itemQuery(areSystems)}});
 }
 
 inline Steps setsSurveyByItems()

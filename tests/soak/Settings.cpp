@@ -14,20 +14,22 @@ long number(const ubxsim::Bytes& payload, std::size_t at, std::size_t width)
     return value;
 }
 
-long signedNumber(const ubxsim::Bytes& payload, std::size_t at)
+long signedItem(const ubxsim::ReceiverSimulator& receiver, std::uint32_t key)
 {
-    return static_cast<std::int32_t>(number(payload, at, 4));
+    return static_cast<std::int32_t>(receiver.keyValue(key).value_or(0));
 }
 
 /// Those that are read the same way of both models.
 Settings ofBoth(const ubxsim::ReceiverSimulator& receiver)
 {
-    const ubxsim::Bytes timeMode2 = receiver.legacyPayload(0x063D);
     Settings settings{};
-    settings[positionType] = number(timeMode2, 2, 2);
-    settings[latitude] = signedNumber(timeMode2, 4);
-    settings[longitude] = signedNumber(timeMode2, 8);
-    settings[height] = signedNumber(timeMode2, 12);
+    settings[positionType] = number(receiver.legacyPayload(0x063D), 2, 2);
+    settings[latitude] = signedItem(receiver, 0x40030009);
+    settings[longitude] = signedItem(receiver, 0x4003000A);
+    settings[height] = signedItem(receiver, 0x4003000B);
+    settings[ecefX] = signedItem(receiver, 0x40030003);
+    settings[ecefY] = signedItem(receiver, 0x40030004);
+    settings[ecefZ] = signedItem(receiver, 0x40030005);
     settings[jammingByte] = number(receiver.legacyPayload(0x0639), 4, 1);
     settings[rxMode] = number(receiver.legacyPayload(0x0611), 1, 1);
     settings[powerUpdatePeriod] = number(receiver.legacyPayload(0x063B), 8, 4);
@@ -115,6 +117,9 @@ const char* nameOf(Field field)
                                                     "latitude",
                                                     "longitude",
                                                     "height",
+                                                    "ECEF X",
+                                                    "ECEF Y",
+                                                    "ECEF Z",
                                                     "position accuracy",
                                                     "survey duration",
                                                     "survey limit",

@@ -38,6 +38,9 @@ enum Field : std::size_t
     latitude, ///< of the fixed position, in units of its message, as are the next two
     longitude,
     height,
+    ecefX, ///< the same three fields of the message when it is no fixed position
+    ecefY,
+    ecefZ,
     positionAccuracy, ///< mm of a NEO-M8T, tenths of a ZED-F9T
     surveyDuration,
     surveyLimit, ///< the same units

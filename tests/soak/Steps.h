@@ -34,6 +34,8 @@ struct Step
     Kind kind = Kind::query;
     std::uint16_t message = 0;
 
+    /// How many frames it sends instead of one.
+    unsigned (*frames)(Arguments arguments) = nullptr;
     /// What the receiver holds when this has reached it.
     Change change = nullptr;
     /// What the library keeps, whatever becomes of the message.
@@ -87,12 +89,24 @@ inline Step note(std::uint16_t message, Change notes)
 
 inline Step set(std::uint16_t message, Change change = nullptr, Change remember = nullptr)
 {
-    return {Step::Kind::set, message, change, remember};
+    Step step{Step::Kind::set, message};
+    step.change = change;
+    step.remember = remember;
+    return step;
 }
 
 inline Step modify(std::uint16_t message, Change change)
 {
-    return {Step::Kind::modify, message, change};
+    Step step{Step::Kind::modify, message};
+    step.change = change;
+    return step;
+}
+
+template <unsigned frames>
+Step times(Step step)
+{
+    step.frames = [](Arguments) { return frames; };
+    return step;
 }
 
 inline Step only(Step::When when, Step step)

@@ -4,11 +4,11 @@
 namespace soak::words
 {
 
-inline constexpr const char* kTimeReferences[] = {"UTC", "GPS", "GLO", "BDS", "GAL", "utc"};
-inline constexpr const char* kAntennaTypes[] = {"unknown", "passive", "active", "Active"};
-inline constexpr const char* kTimingModes[] = {"DYNAMIC", "AUTO", "STATIC", "static"};
-inline constexpr const char* kRxModes[] = {"CONTINUOUS", "POWERSAVE", "ECO", "eco"};
-inline constexpr const char* kSolutions[] = {"ALL", "TIME", "FIX", "POS", "NAV"};
+inline constexpr const char* kTimeReferences[] = {"UTC", "GPS", "GLO", "BDS", "GAL"};
+inline constexpr const char* kAntennaTypes[] = {"unknown", "passive", "active"};
+inline constexpr const char* kTimingModes[] = {"DYNAMIC", "AUTO", "STATIC"};
+inline constexpr const char* kRxModes[] = {"CONTINUOUS", "POWERSAVE", "ECO"};
+inline constexpr const char* kSolutions[] = {"ALL", "TIME", "FIX", "POS"};
 inline constexpr unsigned short kSelections[] = {1, 5, 9, 65, 68};
 inline constexpr signed char kStandards[] = {1, 4, 8, 64};
 

@@ -33,7 +33,6 @@ int run(std::chrono::seconds length, unsigned seed)
     unsigned long steps = 0;
     try {
         const Clock::time_point start = Clock::now();
-        soak.begin();
         const Clock::duration warmUp = std::min<Clock::duration>(kLongestWarmUp, length / 3);
         for (; Clock::now() - start < warmUp; ++steps)
             soak.step();
