@@ -36,7 +36,7 @@ struct Row
 constexpr double kNormal = 1;
 constexpr double kVeryFast = 1000; // nothing will come, and it must be over before the receiver is there again
 constexpr double kFast = 200;      // nothing will come
-constexpr double kRatherFast = 4;  // something will come: leave it the time on a busy machine
+constexpr double kRatherFast = 2;  // something will come: leave it the time on a busy machine
 
 constexpr Row kRows[kGroups] = {
     {Group::none, 0, 0, true, Found::whatIsThere, kNormal},
