@@ -16,11 +16,22 @@ constexpr std::size_t valueWidth(std::uint32_t keyId)
     return kWidths[keyId >> 28 & 0x7];
 }
 
+static_assert(valueWidth(0x00000000) == 0 && valueWidth(0x60000000) == 0 && valueWidth(0x70000000) == 0);
+
 /// Whether a key holds a single bit, which still takes a whole byte on the wire.
 constexpr bool isOneBit(std::uint32_t keyId)
 {
     return (keyId >> 28 & 0x7) == 1;
 }
+
+/// Whether values of this type are what a key id stands for.
+template <typename Value>
+constexpr bool fits(std::uint32_t keyId)
+{
+    return valueWidth(keyId) == sizeof(Value) && isOneBit(keyId) == std::is_same_v<Value, bool>;
+}
+static_assert(fits<bool>(0x10000000) && fits<std::uint8_t>(0x20000000));
+static_assert(!fits<std::uint8_t>(0x10000000) && !fits<bool>(0x20000000) && !fits<std::uint8_t>(0x30000000));
 
 /// A configuration item of the receiver: its id, its published name and the type of its value.
 /// A constant whose type does not fit its id does not compile.
@@ -38,8 +49,7 @@ public:
 private:
     static constexpr std::uint32_t checked(std::uint32_t id)
     {
-        if (valueWidth(id) != sizeof(Value) || isOneBit(id) != std::is_same_v<Value, bool>)
-            throw std::logic_error("the type of this key does not have the size that its id states");
+        if (!fits<Value>(id)) throw std::logic_error("the type of this key does not have the size that its id states");
         return id;
     }
 

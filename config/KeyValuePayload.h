@@ -53,6 +53,8 @@ struct WireSize<std::array<Setting<Value>, count>>
 {
     static constexpr std::size_t value = count * WireSize<Setting<Value>>::value;
 };
+static_assert(WireSize<Setting<bool>>::value == 5 && WireSize<Setting<std::int32_t>>::value == 8);
+static_assert(WireSize<std::array<Setting<bool>, 3>>::value == 15);
 
 /// Writes a number, lowest byte first, and moves the position behind it.
 template <typename Number>

@@ -103,6 +103,7 @@ constexpr bool usesNavic(const SignalRow* rows, std::size_t count)
 }
 
 static_assert(!usesNavic(kSignals.data(), kSignals.size()), "callers of configureSIGNAL give seven flags only");
+static_assert(usesNavic(kSignalsForTim2_20.data(), kSignalsForTim2_20.size()));
 
 template <std::size_t count>
 std::array<Setting<bool>, count> switched(const std::array<SignalRow, count>& rows, const bool* gnss, bool dualBand)
