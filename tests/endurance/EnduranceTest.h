@@ -18,12 +18,6 @@ inline constexpr const char* kModelLog = "/var/log/rxtool-neom8t-errors.log";
 inline const std::string kNotSent = "Could not send : 06 23: Navigation Engine Expert Settings";
 inline const std::string kNotReceived = "Did not receive : 06 23: Navigation Engine Expert Settings";
 
-inline constexpr const char* kChipInfo = "UBLOX_Chip=NEOM8T\n"
-                                         "UBLOX_HwVer=00080000\n"
-                                         "UBLOX_SwVer=TIM 1.10\n"
-                                         "UBLOX_ProtVer=22.00\n"
-                                         "UBLOX_ModName=NEO-M8T-0\n";
-
 /// A facade on a simulated NEO-M8T, and the operation by which a test sees whether all is well.
 class EnduranceTest : public FacadeTest
 {

@@ -19,12 +19,6 @@ using namespace testsupport;
 namespace
 {
 
-constexpr const char* kWhole = "UBLOX_Chip=NEOM8T\n"
-                               "UBLOX_HwVer=00080000\n"
-                               "UBLOX_SwVer=TIM 1.10\n"
-                               "UBLOX_ProtVer=22.00\n"
-                               "UBLOX_ModName=NEO-M8T-0\n";
-
 /// With a facade on a NEO-M8T, and without the file that it has written.
 class ChipInfoFile : public FacadeTest
 {
@@ -43,7 +37,7 @@ TEST_F(ChipInfoFile, HasFiveLines)
 {
     controller->saveUbloxChipInfo();
 
-    EXPECT_EQ(slurp(kChipInfoFile), kWhole);
+    EXPECT_EQ(slurp(kChipInfoFile), kChipInfo);
 }
 
 TEST_F(ChipInfoFile, OfAZedF9tSaysSo)
@@ -105,7 +99,7 @@ TEST_F(ChipInfoFile, IsWrittenAgainOnceItHasBeenRemoved)
 
     controller->saveUbloxChipInfo();
 
-    EXPECT_EQ(slurp(kChipInfoFile), kWhole);
+    EXPECT_EQ(slurp(kChipInfoFile), kChipInfo);
 }
 
 TEST_F(ChipInfoFile, IsNotCreatedThroughALinkThatLeadsNowhere)
@@ -128,7 +122,7 @@ TEST_F(ChipInfoFile, IsWrittenAfterALinkHasBeenTakenAway)
 
     controller->saveUbloxChipInfo();
 
-    EXPECT_EQ(slurp(kChipInfoFile), kWhole);
+    EXPECT_EQ(slurp(kChipInfoFile), kChipInfo);
 }
 
 TEST_F(ChipInfoFile, CountsAsThereWhenALinkLeadsToAFile)
@@ -155,7 +149,7 @@ TEST_F(ChipInfoFile, IsSkippedSilentlyWhereItCanNotBeCreatedAndWrittenLater)
 
     controller->saveUbloxChipInfo();
 
-    EXPECT_EQ(slurp(kChipInfoFile), kWhole);
+    EXPECT_EQ(slurp(kChipInfoFile), kChipInfo);
 }
 
 TEST_F(ChipInfoFile, IsNotLeftInPartWhenTheDiskIsFull)
@@ -174,7 +168,7 @@ TEST_F(ChipInfoFile, IsNotLeftInPartWhenTheDiskIsFull)
 
     controller->saveUbloxChipInfo();
 
-    EXPECT_EQ(slurp(kChipInfoFile), kWhole);
+    EXPECT_EQ(slurp(kChipInfoFile), kChipInfo);
 }
 
 TEST_F(ChipInfoFile, LeavesNoDescriptorOpen)

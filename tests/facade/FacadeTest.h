@@ -21,6 +21,12 @@ namespace testsupport
 using Lines = std::vector<std::string>;
 
 inline constexpr const char* kChipInfoFile = "/tmp/ubloxChip-info.txt";
+/// What it holds of a NEO-M8T.
+inline constexpr const char* kChipInfo = "UBLOX_Chip=NEOM8T\n"
+                                         "UBLOX_HwVer=00080000\n"
+                                         "UBLOX_SwVer=TIM 1.10\n"
+                                         "UBLOX_ProtVer=22.00\n"
+                                         "UBLOX_ModName=NEO-M8T-0\n";
 
 inline constexpr const char* kPortPoll = "B5 62 06 00 00 00 06 18";
 inline constexpr const char* kVersionPoll = "B5 62 0A 04 00 00 0E 34";
