@@ -149,7 +149,7 @@ TEST_F(Identification, FindsAReceiverThatAnswersInSingleBytes)
 TEST_F(Identification, FindsAReceiverWhoseAnswersDrownInNmea)
 {
     std::string sentences;
-    while (sentences.size() < 8 * 1024)
+    while (sentences.size() < 8192)
         sentences += "$GNZDA,031407.00,21,11,2026,00,00*7B\r\n";
     for (const UBXMessageClassIdValues answer : {UBX_CFG_PRT, UBX_MON_VER}) {
         receiver().precedeWith(answer, Bytes(sentences.begin(), sentences.end()));

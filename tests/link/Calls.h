@@ -21,8 +21,8 @@ unsigned long bytesRead();
 std::vector<std::string> log();
 void clearLog();
 
-/// Which opens of "/dev/tty_gps", writes to and closes of near ends there were, and whether signals were held meanwhile:
-/// "open held", "write open to signals".
+/// Which opens of "/dev/tty_gps", writes to and closes of near ends there were, and whether signals were held
+/// meanwhile: "open held", "write open to signals".
 std::vector<std::string> signalLog();
 
 /// The next opens of "/dev/tty_gps", or reads of near ends, end as if a signal had come.

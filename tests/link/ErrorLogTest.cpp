@@ -48,7 +48,7 @@ protected:
         fs::remove_all(kZedF9tLog);
         ::setenv("TZ", "UTC0", 1);
         ::tzset();
-        clock.pass(std::chrono::seconds(20000L * 86400 + 14 * 3600 + 3 * 60 + 7 - std::time(nullptr)));
+        clock.pass(std::chrono::seconds(20000L * 86400 + 14L * 3600 + 3L * 60 + 7 - std::time(nullptr)));
         calls::setMicroseconds(42000);
     }
     ~ErrorLog() override

@@ -40,7 +40,7 @@ protected:
     void standAt(int hour, int minute, int second)
     {
         constexpr std::time_t kMidnight = 20000L * 86400;
-        const std::time_t wanted = kMidnight + hour * 3600 + minute * 60 + second;
+        const std::time_t wanted = kMidnight + hour * 3600L + minute * 60L + second;
         clock.pass(std::chrono::seconds(wanted - std::time(nullptr)));
     }
 

@@ -35,8 +35,8 @@ std::string freePort()
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = ::htonl(INADDR_LOOPBACK);
     socklen_t size = sizeof address;
-    ::bind(descriptor, reinterpret_cast<sockaddr*>(&address), size);
-    ::getsockname(descriptor, reinterpret_cast<sockaddr*>(&address), &size);
+    EXPECT_EQ(::bind(descriptor, reinterpret_cast<sockaddr*>(&address), size), 0);
+    EXPECT_EQ(::getsockname(descriptor, reinterpret_cast<sockaddr*>(&address), &size), 0);
     ::close(descriptor);
     return std::to_string(ntohs(address.sin_port));
 }
