@@ -180,7 +180,8 @@ TEST(SimulatorLine, MakesRepliesWaitBehindBufferedOutput)
     ubxsim::ReceiverSimulator receiver(options);
     client::Client host(receiver.devicePath());
 
-    // On a busy machine the question may come late, when little is left in front of the reply: one second of five will do.
+    // On a busy machine the question may come late, when little is left in front of the reply: one second of five will
+    // do.
     bool hasWaited = false;
     for (int second = 0; second < 5 && !hasWaited; ++second) {
         ASSERT_TRUE(host.waitForText("$GNVTG"));
