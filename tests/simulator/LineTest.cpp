@@ -141,9 +141,10 @@ TEST(SimulatorLine, LosesWholeFramesWhenNobodyReads)
         ASSERT_EQ(::ioctl(host.descriptor(), FIONREAD, &unread), 0);
     }
 
-    const auto items = host.listen(100ms);
+    auto items = host.listen(100ms);
 
     ASSERT_GT(items.size(), 20U);
+    items.pop_back(); // of the last one a part may still be on its way
     for (const client::Item& item : items) {
         EXPECT_NE(item.kind, client::Item::Kind::noise) << testsupport::hex(item.raw);
     }
