@@ -57,6 +57,13 @@ public:
             [](const std::string& screen) { return std::regex_search(screen, std::regex("ended [0-9]")); });
     }
 
+    /// Until the shell has its turn, with nothing typed yet.
+    std::string waitForPrompt() const
+    {
+        return waitUntil(
+            [](const std::string& screen) { return std::regex_search(screen, std::regex("prompt:\n*$")); });
+    }
+
     std::string waitUntil(const std::function<bool(const std::string&)>& reached) const
     {
         constexpr auto kPatience = std::chrono::seconds(20);
@@ -125,7 +132,7 @@ TEST_P(InATerminal, MonitorFillsTheScreenFollowsItsSizeAndLeavesItAsItWas)
     EXPECT_THAT(terminal.waitFor("GLONASS"), HasSubstr("GLONASS"));
 
     terminal.press("q");
-    screen = terminal.waitFor("before");
+    screen = terminal.waitForPrompt();
     EXPECT_THAT(screen, HasSubstr("before"));
     EXPECT_THAT(screen, testing::Not(HasSubstr("GLONASS")));
     // What is typed shows again and is taken line by line.
