@@ -10,7 +10,7 @@
 #include <unistd.h>
 
 #include "CapturedOutput.h"
-#include "FacadeTest.h"
+#include "ChipInfoFile.h"
 #include "sandbox/Sandbox.h"
 
 namespace fs = std::filesystem;
@@ -18,20 +18,6 @@ using namespace testsupport;
 
 namespace
 {
-
-/// With a facade on a NEO-M8T, and without the file that it has written.
-class ChipInfoFile : public FacadeTest
-{
-protected:
-    ChipInfoFile()
-    {
-        receiver();
-        controller = facade();
-        fs::remove(kChipInfoFile);
-    }
-
-    std::unique_ptr<ubxController> controller;
-};
 
 TEST_F(ChipInfoFile, HasFiveLines)
 {

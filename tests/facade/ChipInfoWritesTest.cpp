@@ -4,21 +4,21 @@
 #include <cerrno>
 #include <deque>
 #include <filesystem>
-#include <memory>
 #include <string>
+#include <utility>
 
 #include <gtest/gtest.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
-#include "FacadeTest.h"
+#include "ChipInfoFile.h"
 #include "Files.h"
 
 namespace
 {
 
 namespace fs = std::filesystem;
-using testsupport::FacadeTest;
+using testsupport::ChipInfoFile;
 using testsupport::kChipInfo;
 using testsupport::kChipInfoFile;
 using testsupport::slurp;
@@ -52,15 +52,9 @@ extern "C" __attribute__((visibility("default"))) ssize_t write(int fd, const vo
 namespace
 {
 
-class ChipInfoWrites : public FacadeTest
+class ChipInfoWrites : public ChipInfoFile
 {
 protected:
-    ChipInfoWrites()
-    {
-        receiver();
-        controller = facade();
-        fs::remove(kChipInfoFile);
-    }
     ~ChipInfoWrites() override { answers.clear(); }
 
     void saveWith(std::deque<int> script)
@@ -69,8 +63,6 @@ protected:
         controller->saveUbloxChipInfo();
         EXPECT_TRUE(answers.empty()) << "so many times nothing was written";
     }
-
-    std::unique_ptr<ubxController> controller;
 };
 
 TEST_F(ChipInfoWrites, ThatTakeAPieceAreGoneOnWith)
