@@ -18,8 +18,9 @@ constexpr std::int64_t kBitsPerByte = 10; // start bit, eight data bits, stop bi
 // A UART hands over what came in since the last interrupt; less often than every 2 ms would be seen as jerks.
 constexpr milliseconds kPumpInterval{2};
 
-// A host that reads gets this long to make room. One that does not read loses whole frames.
-constexpr milliseconds kRoomPatience{20};
+// A host that reads gets this long to make room, even when something else has its processor. One that does not read
+// loses whole frames.
+constexpr milliseconds kRoomPatience{200};
 constexpr milliseconds kRoomRetry{1};
 
 // A transmission of up to this size is written whole or not at all.

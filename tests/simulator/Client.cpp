@@ -68,10 +68,10 @@ std::size_t sentenceSize(const Bytes& stream, std::size_t at)
 
 } // namespace
 
-std::vector<Item> split(const Bytes& stream)
+std::vector<Item> split(const Bytes& stream, std::size_t from)
 {
     std::vector<Item> items;
-    for (std::size_t at = 0; at < stream.size();) {
+    for (std::size_t at = from; at < stream.size();) {
         const auto begin = stream.begin() + static_cast<long>(at);
         Item item;
         std::size_t size = frameSize(stream, at);
@@ -159,17 +159,22 @@ bool Client::readMore(std::chrono::milliseconds limit)
     return true;
 }
 
-std::optional<Bytes> Client::waitFor(std::uint16_t classId, std::chrono::milliseconds limit)
+// What lies before the frame goes with it. Whole frames and sentences are looked at once, however much comes.
+std::optional<Item> Client::waitForFrame(const std::function<bool(const Item&)>& isWanted,
+                                         std::chrono::milliseconds limit)
 {
     const auto end = Clock::now() + limit;
+    std::size_t seen = 0;
     for (;;) {
-        std::size_t consumed = 0;
-        for (const Item& item : split(pending_)) {
-            consumed += item.raw.size();
-            if (item.kind == Item::Kind::frame && item.classId == classId) {
-                const Bytes payload = item.payload;
-                pending_.erase(pending_.begin(), pending_.begin() + static_cast<long>(consumed));
-                return payload;
+        std::size_t at = seen;
+        for (Item& item : split(pending_, seen)) {
+            at += item.raw.size();
+            if (item.kind == Item::Kind::frame && isWanted(item)) {
+                pending_.erase(pending_.begin(), pending_.begin() + static_cast<long>(at));
+                return std::move(item);
+            }
+            if (item.kind != Item::Kind::noise) {
+                seen = at;
             }
         }
         const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now());
@@ -177,6 +182,12 @@ std::optional<Bytes> Client::waitFor(std::uint16_t classId, std::chrono::millise
             return std::nullopt;
         }
     }
+}
+
+std::optional<Bytes> Client::waitFor(std::uint16_t classId, std::chrono::milliseconds limit)
+{
+    auto frame = waitForFrame([classId](const Item& item) { return item.classId == classId; }, limit);
+    return frame ? std::optional(std::move(frame->payload)) : std::nullopt;
 }
 
 std::optional<Bytes> Client::poll(std::string_view classAndId, std::string_view payload,
@@ -195,19 +206,9 @@ std::optional<bool> Client::set(std::string_view classAndId, std::string_view pa
 {
     send(classAndId, payload);
     const Bytes which = testsupport::bytes(classAndId);
-    const auto end = Clock::now() + 2000ms;
-    while (Clock::now() < end) {
-        std::size_t consumed = 0;
-        for (const Item& item : split(pending_)) {
-            consumed += item.raw.size();
-            if (item.kind == Item::Kind::frame && item.classId >> 8 == 0x05 && item.payload == which) {
-                pending_.erase(pending_.begin(), pending_.begin() + static_cast<long>(consumed));
-                return item.classId == 0x0501;
-            }
-        }
-        readMore(100ms);
-    }
-    return std::nullopt;
+    const auto answer = waitForFrame(
+        [&which](const Item& item) { return item.classId >> 8 == 0x05 && item.payload == which; }, kPatience);
+    return answer ? std::optional(answer->classId == 0x0501) : std::nullopt;
 }
 
 std::vector<Item> Client::collect(std::chrono::milliseconds quiet)

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -32,11 +33,14 @@ struct Item
     Bytes raw;
 };
 
-/// Takes a stream apart. Only frames with a right checksum are frames.
-std::vector<Item> split(const Bytes& stream);
+/// Takes a stream apart, from this offset on. Only frames with a right checksum are frames.
+std::vector<Item> split(const Bytes& stream, std::size_t from = 0);
 
 /// The frames of a stream as "0623:40 0501:2", with payload lengths.
 std::string outline(const std::vector<Item>& items);
+
+/// What is sure to come gets this long, on the busiest machine.
+constexpr std::chrono::milliseconds kPatience = 10s;
 
 class Client
 {
@@ -52,10 +56,10 @@ public:
     std::size_t sendRaw(const Bytes& bytes);
 
     /// Reads until a frame of this class and id has come, and gives its payload; empty after the limit.
-    std::optional<Bytes> waitFor(std::uint16_t classId, std::chrono::milliseconds limit = 2000ms);
+    std::optional<Bytes> waitFor(std::uint16_t classId, std::chrono::milliseconds limit = kPatience);
     /// Sends a poll and waits for its reply, and for the acknowledgement where one follows.
     std::optional<Bytes> poll(std::string_view classAndId, std::string_view payload = "",
-                              std::chrono::milliseconds limit = 2000ms);
+                              std::chrono::milliseconds limit = kPatience);
     /// Sends and waits for the acknowledgement: true for ACK-ACK, false for ACK-NAK.
     std::optional<bool> set(std::string_view classAndId, std::string_view payload);
 
@@ -64,7 +68,7 @@ public:
     /// All that comes within this time.
     std::vector<Item> listen(std::chrono::milliseconds time);
     /// Reads until a sentence contains this text.
-    bool waitForText(const std::string& text, std::chrono::milliseconds limit = 2000ms);
+    bool waitForText(const std::string& text, std::chrono::milliseconds limit = kPatience);
     /// Bytes read at once; -1 as read(2) gives it.
     long readOnce(Bytes& bytes);
 
@@ -72,6 +76,7 @@ public:
 
 private:
     bool readMore(std::chrono::milliseconds limit);
+    std::optional<Item> waitForFrame(const std::function<bool(const Item&)>& isWanted, std::chrono::milliseconds limit);
 
     int descriptor_;
     Bytes pending_;

@@ -2,12 +2,15 @@
 
 #include "Files.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
+#include <vector>
 
 using testsupport::bytes;
 using namespace std::chrono_literals;
@@ -135,19 +138,28 @@ TEST(SimulatorLine, LosesWholeFramesWhenNobodyReads)
     options.epoch = 2ms;
     ubxsim::ReceiverSimulator receiver(options);
     client::Client host(receiver.devicePath());
-    // Nobody reads until the kernel's buffer is nearly full.
+    // Nobody reads until the kernel's buffer is nearly full, and for many seconds of the receiver's more.
     int unread = 0;
     while (unread < 3900) {
         ASSERT_EQ(::ioctl(host.descriptor(), FIONREAD, &unread), 0);
     }
+    std::this_thread::sleep_for(500ms);
 
     auto items = host.listen(100ms);
 
     ASSERT_GT(items.size(), 20U);
     items.pop_back(); // of the last one a part may still be on its way
+    std::vector<int> seconds;
     for (const client::Item& item : items) {
         EXPECT_NE(item.kind, client::Item::Kind::noise) << testsupport::hex(item.raw);
+        EXPECT_EQ(item.text.find('$', 1), std::string::npos) << "a part of one before another: " << item.text;
+        if (item.text.compare(0, 7, "$GNRMC,") == 0) {
+            seconds.push_back(std::stoi(item.text.substr(11, 2)));
+        }
     }
+    const auto gap =
+        std::adjacent_find(seconds.begin(), seconds.end(), [](int one, int next) { return next != (one + 1) % 60; });
+    EXPECT_NE(gap, seconds.end()) << "nothing was lost";
 }
 
 TEST(SimulatorLine, KeepsThePaceOfTheLineSpeed)
