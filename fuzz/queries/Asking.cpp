@@ -19,7 +19,7 @@ constexpr int kNotSent = 8;
 constexpr std::size_t kHeader = 6;
 constexpr std::size_t kChecksum = 2;
 
-constexpr std::size_t kFlood = 8 * 1024; // a wait of five seconds has room for 5 KiB
+constexpr std::size_t kFlood = 8192; // a wait of five seconds has room for 5 KiB
 
 Bytes manyTimes(const Bytes& bytes)
 {

@@ -39,7 +39,7 @@ struct Known
             for (std::size_t at = 40; at < record->size(); at += 30)
                 rest += ": " + record->text(at, record->size());
         }
-        for (std::size_t end; (end = rest.find(": ")) != std::string::npos; rest = rest.substr(end + 2)) {
+        for (std::size_t end = 0; (end = rest.find(": ")) != std::string::npos; rest = rest.substr(end + 2)) {
             const std::string field = rest.substr(0, end);
             if (field == "00190000" || field == "00080000") {
                 hardware = field;
