@@ -211,6 +211,15 @@ TEST_P(Commands, SurveyStaticIsHeldAsItWasGiven)
     EXPECT_NEAR(held["accuracy_m"].get<double>(), 0.5, 1e-6);
 }
 
+TEST_P(Commands, SurveyStaticTakesNumbersWithoutAZeroInFront)
+{
+    EXPECT_EQ(runUbxctl({"survey", "static", "-.5", "-.25", "-.75m"}).code, 0);
+    const nlohmann::json held = runUbxctl({"get", "timing-mode", "--json"}).json()["timing_mode"];
+    EXPECT_NEAR(held["latitude_deg"].get<double>(), -0.5, 2e-7);
+    EXPECT_NEAR(held["longitude_deg"].get<double>(), -0.25, 2e-7);
+    EXPECT_NEAR(held["height_m"].get<double>(), -0.75, 0.011);
+}
+
 TEST_P(Commands, SurveyModeStaticSaysWhenThePositionCameOutElsewhere)
 {
     const Ran ran = runUbxctl({"survey", "mode", "static"});

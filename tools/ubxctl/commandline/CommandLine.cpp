@@ -1,8 +1,10 @@
 #include "commandline/CommandLine.h"
 
+#include <algorithm>
 #include <exception>
 #include <map>
 #include <sstream>
+#include <utility>
 
 #include <CLI/CLI.hpp>
 
@@ -125,6 +127,13 @@ void refuseEmpty(const CLI::App& app)
         refuseEmpty(*command);
 }
 
+/// The parser would take -.5 for an option; -0.5 is a number to it.
+std::string withLeadingZero(const std::string& word)
+{
+    const bool isBareFraction = word.size() > 2 && word[0] == '-' && word[1] == '.' && word[2] >= '0' && word[2] <= '9';
+    return isBareFraction ? "-0" + word.substr(1) : word;
+}
+
 } // namespace
 
 CommandLine::CommandLine() : app_(std::make_unique<CLI::App>(kDescription, "ubxctl"))
@@ -174,7 +183,9 @@ void CommandLine::add(const Command& command, const std::string& group)
 
 void CommandLine::parse(std::vector<std::string> words)
 {
-    app_->parse(std::vector<std::string>(words.rbegin(), words.rend())); // CLI11 takes them from the end
+    std::reverse(words.begin(), words.end()); // CLI11 takes them from the end
+    std::transform(words.begin(), words.end(), words.begin(), withLeadingZero);
+    app_->parse(std::move(words));
     refuseEmpty(*app_);
 }
 
